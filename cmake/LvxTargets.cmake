@@ -1,0 +1,38 @@
+# What every target of this project is built with.
+
+# Warnings, visibility and sanitizers for one of our own targets.
+function(lvx_configure_target target)
+  target_compile_features(${target} PUBLIC cxx_std_20)
+  target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+  set_target_properties(${target} PROPERTIES CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
+  if(LVX_SANITIZE)
+    target_compile_options(${target} PRIVATE -fsanitize=address,undefined -fno-sanitize-recover=all
+      -fno-omit-frame-pointer)
+    target_link_options(${target} PRIVATE -fsanitize=address,undefined)
+  endif()
+endfunction()
+
+# Puts the compiler's runtime modules beside the programs: every module of a process shares one runtime.
+function(lvx_copy_runtime_modules)
+  if(NOT WIN32)
+    return()
+  endif()
+  foreach(name libstdc++-6.dll libgcc_s_seh-1.dll libgcc_s_dw2-1.dll libwinpthread-1.dll)
+    execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${name}
+      OUTPUT_VARIABLE path OUTPUT_STRIP_TRAILING_WHITESPACE)
+    if(EXISTS "${path}")
+      file(COPY ${path} DESTINATION ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
+    endif()
+  endforeach()
+endfunction()
+
+# lvx_add_tests(NAME SOURCES...): one test program from the *_test.cpp files of a folder.
+function(lvx_add_tests name)
+  add_executable(${name} ${ARGN})
+  lvx_configure_target(${name})
+  target_link_libraries(${name} PRIVATE lvx::lvx lvx_test_support GTest::gmock_main)
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/tests)
+  add_test(NAME ${name}
+    COMMAND ${name} --gtest_brief=1 --gtest_output=xml:results/${name}.xml
+    WORKING_DIRECTORY ${CMAKE_BINARY_DIR})
+endfunction()

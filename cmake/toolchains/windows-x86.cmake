@@ -1,0 +1,19 @@
+# Windows, x86, by mingw-w64 with the posix thread model. The programs run under Wine.
+set(CMAKE_SYSTEM_NAME Windows)
+set(CMAKE_SYSTEM_PROCESSOR i686)
+set(CMAKE_C_COMPILER i686-w64-mingw32-gcc-posix)
+set(CMAKE_CXX_COMPILER i686-w64-mingw32-g++-posix)
+set(CMAKE_RC_COMPILER i686-w64-mingw32-windres)
+
+# Dependencies made by scripts/cross-deps for this system; nothing of the build machine's own is taken.
+set(CMAKE_FIND_ROOT_PATH /usr/i686-w64-mingw32 $ENV{LVX_DEPS})
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+
+set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_CURRENT_LIST_DIR}/../../scripts/run-windows;windows-x86)
+
+# Doubles are rounded as on the other systems, not kept in the 80-bit registers; callbacks from the system
+# arrive with a stack aligned to four bytes only.
+set(CMAKE_CXX_FLAGS_INIT "-march=pentium4 -msse2 -mfpmath=sse -mstackrealign")
