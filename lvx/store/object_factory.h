@@ -55,7 +55,7 @@ public:
 
 private:
     friend class ObjectFactoryInit;
-    friend class ObjectStore;
+    friend class lvx::store::Shortcuts;
 
     static Creator Find(const std::string& className);
 

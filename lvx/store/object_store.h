@@ -186,6 +186,16 @@ protected:
     OpenMode m_mode = ForRead;
 
 private:
+    class Reading;
+
+    long FindId(const Storable& object) const;
+    void WriteClass(const char* name);
+    void ReadClassName();
+    void ReadClassNumber();
+    Storable* ReadReference(const Storable* target);
+    Storable* CreateObject();
+    [[noreturn]] void RefuseAsString(Storable* object);
+
     std::vector<std::string> m_classNames;
     lvx::auto_ptr<lvx::store::ObjectMap> m_objectMap;
     lvx::auto_ptr<std::vector<Storable*>> m_objectList;

@@ -1,0 +1,30 @@
+#include "lvx/platform/stack.h"
+
+#include <pthread.h>
+
+#include "lvx/platform/stack_limit.h"
+
+namespace lvx::platform {
+namespace {
+
+std::uintptr_t find_low_mark() {
+    pthread_attr_t attributes;
+    if (pthread_getattr_np(pthread_self(), &attributes) != 0) {
+        return 0;
+    }
+    void* lowest = nullptr;
+    std::size_t size = 0;
+    const bool known = pthread_attr_getstack(&attributes, &lowest, &size) == 0;
+    pthread_attr_destroy(&attributes);
+    return known ? low_mark(reinterpret_cast<std::uintptr_t>(lowest), size) : 0;
+}
+
+}  // namespace
+
+bool stack_is_low() {
+    // Asked once per thread: the C library reads the process's memory map to answer.
+    thread_local const std::uintptr_t mark = find_low_mark();
+    return reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0)) < mark;
+}
+
+}  // namespace lvx::platform

@@ -1,0 +1,234 @@
+// Objects in a store: their markers, classes and references, and how they come to life again.
+#include <algorithm>
+#include <cstring>
+
+#include "lvx/platform/stack.h"
+#include "lvx/store/object_map.h"
+#include "lvx/store/object_store.h"
+#include "lvx/store/shortcuts.h"
+
+namespace {
+
+constexpr char ascii_marker = 'A';
+constexpr char binary_marker = 'B';
+constexpr char reference_tag = 'O';
+constexpr char class_number_tag = 'C';
+constexpr char class_name_tag = 'c';
+constexpr char body_tag = 'o';
+constexpr char null_tag = '0';
+
+// Documents hold longer names than the library reads back; see Storable::ClassName.
+constexpr int class_name_buffer = 50;
+
+const char* name_of(const Storable* object) {
+    return object == nullptr ? "null pointer" : object->ClassName();
+}
+
+// What a NoCreate read expects, which is the class of the object to read into.
+const char* expected_class(const Storable* target) {
+    return target == nullptr ? "an object" : target->ClassName();
+}
+
+char next_char(ObjectStore& store, lvx::store::Shortcuts& shortcuts) {
+    if (auto* const reader = shortcuts.GetDirectReader()) {
+        if (const unsigned char* const place = reader->Take(1)) {
+            return static_cast<char>(*place);
+        }
+    }
+    return store.GetChar();
+}
+
+}  // namespace
+
+// Watches over a new object while it is read. If that fails, the creator has deleted the object, and what it
+// had read; the list keeps their places, so that later ids stay right, but no pointer to them.
+class ObjectStore::Reading {
+public:
+    explicit Reading(ObjectStore& store) : m_store(store), m_begin(Size()) {}
+    Reading(const Reading&) = delete;
+    Reading& operator=(const Reading&) = delete;
+
+    ~Reading() {
+        if (!m_complete) {
+            Abandon();
+        }
+    }
+
+    void Complete() { m_complete = true; }
+
+private:
+    std::size_t Size() const {
+        return m_store.m_objectList.get() == nullptr ? 0 : m_store.m_objectList->size();
+    }
+
+    // Each level of a deep nest ends here in turn; what an inner one has cleared is not cleared again.
+    void Abandon() {
+        lvx::store::Shortcuts& shortcuts = *m_store.m_shortcuts;
+        const std::size_t size = Size();
+        const bool cleared = shortcuts.abandoned_end == size && shortcuts.abandoned_begin >= m_begin;
+        const std::size_t end = cleared ? shortcuts.abandoned_begin : size;
+        if (m_begin < end) {
+            std::fill(m_store.m_objectList->begin() + static_cast<std::ptrdiff_t>(m_begin),
+                      m_store.m_objectList->begin() + static_cast<std::ptrdiff_t>(end), nullptr);
+        }
+        shortcuts.abandoned_begin = m_begin;
+        shortcuts.abandoned_end = size;
+    }
+
+    ObjectStore& m_store;
+    std::size_t m_begin;
+    bool m_complete = false;
+};
+
+ObjectStore& ObjectStore::operator<<(const Storable& object) {
+    if (lvx::platform::stack_is_low()) {
+        throw WriteFailure();
+    }
+    // The marker stands in front of references too.
+    *this << (m_ascii ? ascii_marker : binary_marker);
+    const long id = m_tempObject ? -1 : FindId(object);
+    if (id >= 0) {
+        *this << reference_tag << id;
+    } else {
+        const char* const name = object.ClassName();
+        AppendObjectToMap(&object);
+        WriteClass(name);
+        *this << body_tag;
+        object.PutTo(*this);
+    }
+    // After the members: the first object among them is written in full too, and ends the effect.
+    m_tempObject = false;
+    return *this;
+}
+
+long ObjectStore::FindId(const Storable& object) const {
+    return m_objectMap.get() == nullptr ? -1 : m_objectMap->Find(&object);
+}
+
+void ObjectStore::WriteClass(const char* name) {
+    const long number = m_shortcuts->FindClass(name, m_classNames);
+    if (number >= 0) {
+        *this << class_number_tag << number;
+        return;
+    }
+    *this << class_name_tag;
+    Write(name, static_cast<unsigned int>(std::strlen(name)));
+    Write("\r\n", 2);
+    m_classNames.emplace_back(name);
+}
+
+bool ObjectStore::ReadObjectOrClass(Storable*& object) {
+    for (;;) {
+        const char tag = next_char(*this, *m_shortcuts);
+        switch (tag) {
+            case ascii_marker:
+            case binary_marker:
+                m_ascii = tag == ascii_marker;
+                break;
+            case null_tag:
+                if (!m_create) {
+                    throw UnexpectedObject(null_tag, expected_class(object));
+                }
+                object = nullptr;
+                return false;
+            case reference_tag:
+                object = ReadReference(object);
+                return false;
+            case class_name_tag:
+                ReadClassName();
+                return true;
+            case class_number_tag:
+                ReadClassNumber();
+                return true;
+            default:
+                if (!m_create) {
+                    throw UnexpectedObject(tag, "an object or class");
+                }
+                // No exception: hosts take what they do not know for "nothing stored here".
+                object = nullptr;
+                return false;
+        }
+    }
+}
+
+Storable* ObjectStore::ReadReference(const Storable* target) {
+    if (m_objectList.get() == nullptr) {
+        throw UnexpectedObject(std::string("an object"), "an object pointer");
+    }
+    long id = 0;
+    *this >> id;
+    if (id < 0 || static_cast<std::size_t>(id) >= m_objectList->size()) {
+        throw UnexpectedObject(std::string("Reference to nonexistant object."), "");
+    }
+    Storable* const object = (*m_objectList)[static_cast<std::size_t>(id)];
+    if (!m_create) {
+        throw UnexpectedObject(std::string(name_of(object)), expected_class(target));
+    }
+    return object;
+}
+
+void ObjectStore::ReadClassName() {
+    char name[class_name_buffer] = {};
+    GetTrim(name, sizeof name);
+    m_className = name;
+    m_classNames.push_back(m_className);
+    m_shortcuts->last_class = static_cast<long>(m_classNames.size()) - 1;
+}
+
+void ObjectStore::ReadClassNumber() {
+    long number = 0;
+    *this >> number;
+    if (number < 0 || static_cast<std::size_t>(number) >= m_classNames.size()) {
+        throw UnexpectedObject(std::string("Reference to nonexistant class."), "");
+    }
+    if (number != m_shortcuts->last_class) {
+        m_className = m_classNames[static_cast<std::size_t>(number)];
+        m_shortcuts->last_class = number;
+    }
+}
+
+ObjectStore& ObjectStore::operator>>(Storable*& object) {
+    if (!ReadObjectOrClass(object)) {
+        return *this;
+    }
+    const char body = next_char(*this, *m_shortcuts);
+    if (body != body_tag) {
+        throw UnexpectedObject(body, "a storable");
+    }
+    if (lvx::platform::stack_is_low()) {
+        throw UnexpectedObject(std::string("objects nested too deeply"), "a storable");
+    }
+    if (m_create) {
+        object = CreateObject();
+        return *this;
+    }
+    m_create = true;
+    if (object == nullptr || m_className != object->ClassName()) {
+        throw UnexpectedObject(m_className, expected_class(object));
+    }
+    AppendObjectToList(object);
+    object->GetFrom(*this);
+    return *this;
+}
+
+Storable* ObjectStore::CreateObject() {
+    const auto number = static_cast<std::size_t>(m_shortcuts->last_class);
+    const ObjectFactory::Creator creator = m_shortcuts->FindCreator(number, m_className);
+    if (creator == nullptr) {
+        throw ObjectFactory::UnknownClass(m_className);
+    }
+    Reading reading(*this);
+    Storable* const object = creator(*this);
+    reading.Complete();
+    return object;
+}
+
+void ObjectStore::RefuseAsString(Storable* object) {
+    const std::string found = name_of(object);
+    if (object != nullptr) {
+        // Deleted as documents' readers have always done here; the list must not hand it out again.
+        std::replace(m_objectList->begin(), m_objectList->end(), object, static_cast<Storable*>(nullptr));
+        delete object;
+    }
+    throw UnexpectedObject(found, "a String");
+}

@@ -1,0 +1,72 @@
+// lvx/store/shortcuts.h
+//
+// What a store keeps beside its members to be fast and safe: the block buffer that the typed operators may
+// reach into, the creators and numbers of the classes met so far, and the state of reading that went wrong.
+//
+// A host's own class, also one derived from a store of this library, sees every Write, Read and GetChar; only
+// the library's own classes themselves are reached past their virtual operations.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "lvx/store/block_buffer.h"
+#include "lvx/store/object_factory.h"
+
+namespace lvx::store {
+
+class Shortcuts {
+public:
+    /// Attaches a buffer over `medium`, which lives as long as it is attached. `own_class` says that the
+    /// store is of the library's own class and not of one derived from it.
+    void AttachWriter(std::unique_ptr<Medium> medium, bool own_class);
+    void AttachReader(std::unique_ptr<Medium> medium, bool own_class);
+    /// A medium without a block buffer, of which only the length is of use.
+    void AttachMeasure(std::unique_ptr<Measurable> measure);
+    /// Hands the last block over and forgets the medium. False if that failed and nobody has been told yet.
+    bool Detach();
+
+    /// The attached buffer, or null.
+    BlockWriter* GetWriter() const { return m_writer.get(); }
+    BlockReader* GetReader() const { return m_reader.get(); }
+    /// The same, but null unless the operators may reach into it.
+    BlockWriter* GetDirectWriter() const { return m_direct_writer; }
+    BlockReader* GetDirectReader() const { return m_direct_reader; }
+    /// The bytes that the medium can still deliver, as far as that is known.
+    std::optional<std::uint64_t> Remaining() const;
+
+    /// The place of `name` in `class_names`, or -1.
+    long FindClass(const char* name, const std::vector<std::string>& class_names);
+    /// The creator of the class numbered `number`, or null if it is not registered.
+    ObjectFactory::Creator FindCreator(std::size_t number, const std::string& name);
+
+    /// A read that ended early without an exception, as those of ObjectStoreStream do: the value is zero
+    /// then.
+    bool fell_short = false;
+    /// The number of the class whose name was read last, or -1 when that is not known.
+    long last_class = -1;
+    /// Entries of the object list from here to `abandoned_end` belong to objects that failed and are null.
+    std::size_t abandoned_begin = 0;
+    std::size_t abandoned_end = 0;
+
+private:
+    struct KnownName {
+        const char* name = nullptr;
+        std::size_t number = 0;
+    };
+
+    std::unique_ptr<Measurable> m_measure;
+    std::unique_ptr<Medium> m_medium;
+    std::unique_ptr<BlockWriter> m_writer;
+    std::unique_ptr<BlockReader> m_reader;
+    BlockWriter* m_direct_writer = nullptr;
+    BlockReader* m_direct_reader = nullptr;
+    // By the address of the name, which is the same at each call for all but a few classes.
+    std::array<KnownName, 32> m_known_names;
+    std::vector<ObjectFactory::Creator> m_creators;
+};
+
+}  // namespace lvx::store
