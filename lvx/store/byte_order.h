@@ -20,7 +20,7 @@ template <class Unsigned>
 inline Unsigned decode(const unsigned char* bytes) {
     Unsigned value = 0;
     for (std::size_t i = 0; i < sizeof(Unsigned); ++i) {
-        value |= static_cast<Unsigned>(bytes[i]) << (8 * i);
+        value = static_cast<Unsigned>(value | static_cast<Unsigned>(bytes[i]) << (8 * i));
     }
     return value;
 }

@@ -320,11 +320,11 @@ TEST_F(FileStore, a_hundred_thousand_nodes_keep_their_references_and_cycles) {
     for (int i = 0; i < count; ++i) {
         nodes.push_back(std::make_unique<lvx_test::Node>(i));
     }
-    // A wide tree, so that the nesting stays flat, with edges to neighbours, ancestors and
-    // the root.
+    // A wide tree, so that the nesting stays flat, with edges to the sibling before,
+    // to ancestors, to the root and to itself.
     for (std::size_t i = 1; i < count; ++i) {
         nodes[(i - 1) / 8]->m_edges.push_back(nodes[i].get());
-        nodes[i]->m_edges.push_back(nodes[i - 1].get());
+        nodes[i]->m_edges.push_back(nodes[(i - 1) % 8 == 0 ? i : i - 1].get());
         nodes[i]->m_edges.push_back(nodes[i / 64].get());
         nodes[i]->m_edges.push_back(nodes[0].get());
     }
