@@ -6,7 +6,9 @@ set(CMAKE_CXX_COMPILER i686-w64-mingw32-g++-posix)
 set(CMAKE_RC_COMPILER i686-w64-mingw32-windres)
 
 # Dependencies made by scripts/cross-deps for this system; nothing of the build machine's own is taken.
-set(CMAKE_FIND_ROOT_PATH /usr/i686-w64-mingw32 $ENV{LVX_DEPS})
+include(${CMAKE_CURRENT_LIST_DIR}/windows-deps.cmake)
+lvx_use_windows_deps(windows-x86)
+set(CMAKE_FIND_ROOT_PATH /usr/i686-w64-mingw32 ${LVX_DEPS})
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
