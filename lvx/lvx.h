@@ -1,0 +1,12 @@
+// lvx/lvx.h
+//
+// Everything that the library offers on this system.
+#pragma once
+
+#include "lvx/store/object_factory.h"
+#include "lvx/store/object_store.h"
+#include "lvx/store/object_store_file.h"
+#include "lvx/store/object_store_stream.h"
+#include "lvx/store/storable.h"
+#include "lvx/text/error.h"
+#include "lvx/text/ownership.h"

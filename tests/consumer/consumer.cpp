@@ -1,0 +1,37 @@
+// A host's whole program: an object through a store and back.
+#include <lvx/lvx.h>
+
+#include <cstdio>
+#include <sstream>
+
+class Host : public Storable {
+public:
+    void PutTo(ObjectStore& store) const override { store << m_value; }
+    void GetFrom(ObjectStore& store) override { store >> m_value; }
+
+    int m_value = 0;
+};
+
+namespace {
+
+const ObjectFactoryInit factory;
+const bool registered = (ObjectFactory::Register("Host", ObjectFactory::CreateStorable<Host>), true);
+
+}  // namespace
+
+int main() {
+    std::stringstream bytes;
+    ObjectStoreStream store;
+    Host object;
+    object.m_value = 42;
+    store.OpenStream(static_cast<std::ostream*>(&bytes));
+    store << object;
+    store.OpenStream(static_cast<std::istream*>(&bytes));
+    ObjectStoreStream reader;
+    reader.OpenStream(static_cast<std::istream*>(&bytes));
+    Storable* read = nullptr;
+    reader >> read;
+    const lvx::auto_ptr<Storable> owner(read);
+    std::printf("%s %d\n", read->ClassName(), static_cast<Host*>(read)->m_value);
+    return static_cast<Host*>(read)->m_value == 42 ? 0 : 1;
+}
