@@ -10,3 +10,5 @@
 #include "lvx/store/storable.h"
 #include "lvx/text/error.h"
 #include "lvx/text/ownership.h"
+#include "lvx/text/report.h"
+#include "lvx/text/strings.h"

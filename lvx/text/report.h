@@ -1,0 +1,40 @@
+// lvx/text/report.h
+//
+// How a host tells of failures: an error box, the log file, and the fatal stop. The three take a printf
+// format and its arguments, and stand at global scope. The library reports by exception and calls none of
+// them on its own account. Do not: lock anything, add the time, a level or a line end to a text, or report
+// failures of their own.
+#pragma once
+
+#include "lvx/platform/export.h"
+
+// The library prints by the rules of the C standard on every system, so %zu and %lld are right on Windows
+// too.
+#if defined(__clang__)
+#define LVX_PRINTF_FORMAT(text, first) __attribute__((format(printf, text, first)))
+#elif defined(__GNUC__)
+#define LVX_PRINTF_FORMAT(text, first) __attribute__((format(gnu_printf, text, first)))
+#else
+#define LVX_PRINTF_FORMAT(text, first)
+#endif
+
+namespace owl {
+class TWindow;
+}
+
+/// Shows the text in an error box and waits for the user. With a null `window` the box has no owner and the
+/// caption "Error"; otherwise it belongs to `window`, bears the name of its application's module, and the
+/// foreground window of before returns to the front when it closes. Stands in the Windows library only.
+LVX_EXPORT void report_error(owl::TWindow* window, const char* format, ...) LVX_PRINTF_FORMAT(2, 3);
+
+/// Appends the text, as it is, to the file "LOGFILE.LOG" in the current directory of the moment, and closes
+/// the file, so that the record survives a crash. The first call of a process throws away what the file held.
+/// If the file cannot be opened the text is lost in silence; when that happens to the first call, later ones
+/// append to the file that they find. Requires: a format.
+LVX_EXPORT void write_log(const char* format, ...) LVX_PRINTF_FORMAT(1, 2);
+
+/// Shows the text, below a line "FATAL ERROR!", as report_error() does without a window, and ends the process
+/// through abort(). Stands in the Windows library only.
+[[noreturn]] LVX_EXPORT void fatal_error(const char* format, ...) LVX_PRINTF_FORMAT(1, 2);
+
+#undef LVX_PRINTF_FORMAT
