@@ -31,14 +31,19 @@ make_once() {
     (
         flock 9
         [[ ! -d $folder ]] || exit 0
-        rm -rf "$folder.part"
+        remove_tree "$folder.part"
         mkdir "$folder.part"
         # What the command leaves running must not keep the lock.
         if "$@" "$folder.part" 9>&-; then
             mv "$folder.part" "$folder"
         else
-            rm -rf "$folder.part"
+            remove_tree "$folder.part"
             exit 1
         fi
     ) 9>"$folder.lock"
+}
+
+# remove_tree FOLDER: also one that was made as root.
+remove_tree() {
+    rm -rf "$1" 2>/dev/null || as_root rm -rf "$1"
 }

@@ -1,5 +1,6 @@
 # shellcheck shell=bash
 # Debian packages, by what needs them. Installed only when they are missing.
+# shellcheck disable=SC2034  # the lists are for the scripts
 
 packages_build=(ca-certificates ccache cmake g++ make ninja-build python3 util-linux)
 packages_linux=("${packages_build[@]}" libgmock-dev libgsf-1-dev libgtest-dev libjpeg-dev libre2-dev
@@ -9,10 +10,10 @@ packages_windows=("${packages_build[@]}" dpkg-dev googletest libjpeg-dev libre2-
     unicode-data wine wine64 xauth xvfb)
 packages_windows_x64=("${packages_windows[@]}" g++-mingw-w64-x86-64-posix)
 packages_windows_x86=("${packages_windows[@]}" debootstrap g++-mingw-w64-i686-posix)
-packages_gates=("${packages_linux[@]}" clang-format-14 clang-tidy-14 shellcheck)
+packages_gates=("${packages_linux[@]}" clang-format-14 clang-tidy-14 git shellcheck)
 packages_bench=("${packages_linux[@]}" libbenchmark-dev libboost-serialization-dev libcereal-dev libsdl2-dev
     libstb-dev)
-packages_fuzz=("${packages_linux[@]}" clang-14)
+packages_fuzz=("${packages_linux[@]}" clang-14 libclang-rt-14-dev)
 
 # as_root COMMAND...: runs it as root, by sudo if need be; fails without asking for a password.
 as_root() {
