@@ -1,0 +1,136 @@
+// lvx/images/dibitmap.h
+//
+// The library's one raster image in memory: a device-independent bitmap as a single packed block of global
+// memory, header, colour table and pixels, in the form that the clipboard and the system's drawing calls use.
+// It comes from a file, from a block, from another image or out of a store (docs/bitmaps.md has every byte).
+//
+//     LVXUtilities::DIBitmap photo("photo.jpg", LVXUtilities::DIBitmap::AnyFormat);
+//     const auto pixels = photo.GetBitsAddress();  // blue, green, red; the bottom row first
+//     store << photo;
+//
+// An image owns its block unless it was made with Borrow. One thread at a time. An image without a block is
+// empty: its numbers are 0, its addresses null.
+// Does not: change depth, decompress run lengths, check that a block holds all the pixels its header claims,
+// or write JPEG files.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "lvx/images/global_locker.h"
+#include "lvx/platform/bitmap_headers.h"
+#include "lvx/platform/export.h"
+#include "lvx/store/storable.h"
+#include "owl/geometry.h"
+
+namespace LVXUtilities {
+
+class LVX_EXPORT DIBitmap : public virtual Storable {
+public:
+    /// What becomes of a block that is handed over, and who frees it. Hosts pass the numbers.
+    enum Ownership : int {
+        /// It is used as it is. The caller keeps it alive as long as the image, and frees it.
+        Borrow = 0,
+        /// A private copy is used and freed; the caller keeps the block itself.
+        Copy = 1,
+        /// It is used as it is and freed with the image.
+        Adopt = 2,
+    };
+
+    /// Kinds of files. AnyFormat tries a bitmap file and then a JPEG file; it saves a bitmap file.
+    enum Format : int { DIB = 0, JPEG = 1, AnyFormat = 2 };
+
+    class Strategy;
+
+    /// Reads a file. Throws these texts as const char*: "Not a valid bitmap" if `format` is DIB and the file
+    /// is none or cannot be read; "No such file." if it is not DIB and the file cannot be opened; "Invalid
+    /// format." for any other format; what InitDIB and InitJPEG throw. A file that is no JPEG file where one
+    /// is wanted, or a damaged one, ends the process: see InitJPEG.
+    DIBitmap(const std::string& fileName, Format format);
+
+    /// An image of `block`, which is a handle of global memory or null. Throws std::bad_alloc if a copy finds
+    /// no memory. If it throws, nothing has been adopted.
+    DIBitmap(void* block, Ownership ownership);
+
+    /// Always a private Copy, also of a borrowed block. Throws std::bad_alloc.
+    DIBitmap(const DIBitmap& other);
+
+    /// Frees the block unless it is borrowed.
+    ~DIBitmap() override;
+
+    /// Writes the block's size as a long, and its bytes as they are. The size is that of the memory, which
+    /// may be more than was asked for. Throws ObjectStore::WriteFailure for a block of 2 GiB or more; other
+    /// exceptions of the store pass through.
+    void PutTo(ObjectStore& store) const override;
+
+    /// Replaces the block by one out of `store`. Whoever owned the old block, it is freed, and Ownership
+    /// stays: an image that borrowed does not free what it read. Throws std::bad_alloc, and is empty then.
+    /// When reading fails the block holds what came before that, and zeros.
+    void GetFrom(ObjectStore& store) override;
+
+    /// As a copy and a swap: this image ends with a private Copy. Throws std::bad_alloc, unchanged.
+    DIBitmap& operator=(const DIBitmap& other);
+
+    /// Exchanges block, ownership and all. An image may be swapped with itself.
+    void swap(DIBitmap& other) noexcept;
+
+    /// Replaces the block by the bitmap in the file; false, and nothing changed, if the file does not begin
+    /// as one or cannot be read. Pixels that a shorter file lacks are 0, without a word. Throws the text
+    /// "Error" as a const char* if reading fails later, or if the header claims what the file cannot hold
+    /// (docs/bitmaps.md has the limits), and std::bad_alloc.
+    bool InitDIB(const std::string& fileName);
+
+    /// Replaces the block by the picture in the JPEG file, in 24 bits per pixel, or 32 for one in inks. A
+    /// picture in shades of grey is laid out as if it were in colour, and comes out garbled. Throws "No such
+    /// file." if the file cannot be opened and "Error" for a claimed size that no JPEG file of that length
+    /// reaches, as const char*, and std::bad_alloc. A file that is no JPEG file, or a damaged one, ends the
+    /// process with a message on standard error and exit status 1: the decoder's own way, that hosts rely on.
+    void InitJPEG(const std::string& fileName);
+
+    /// SaveAsJPEG if `format` is JPEG, else SaveAsDIB.
+    void SaveAs(const std::string& fileName, Format format);
+
+    /// Writes a bitmap file: 14 bytes and the block as it is. Throws "Cannot open file." as a const char*. A
+    /// write that fails is not told.
+    void SaveAsDIB(const std::string& fileName);
+
+    /// Does nothing, on purpose: no file, no error.
+    void SaveAsJPEG(const std::string& fileName);
+
+    /// Width and height in pixels, as the header has them.
+    owl::TSize GetSize() const;
+    int GetBitsPerPixel() const;
+    int GetWidth() const;
+    /// Negative if the block's first row is the top one.
+    int GetHeight() const;
+    /// 0 if the header does not tell, as a core header never does.
+    int GetPixelsPerMetreX() const;
+    int GetPixelsPerMetreY() const;
+
+    /// The first row's pixels, which lie behind the colour table; in the locker, one lock on the block. Never
+    /// behind the block's end: a block too short for its colour table gives its end.
+    GlobalLocker<unsigned char> GetBitsAddress() const;
+
+    /// The colour table, likewise; the pixels' address if there is none. After a core header the entries are
+    /// RGBTRIPLE nevertheless.
+    GlobalLocker<tagRGBQUAD> GetClrTabAddress() const;
+
+    /// Bytes per row, a multiple of 4. Reads the block as one with a header of 40 bytes or more, always: for
+    /// a core header the result means nothing. Arithmetic is in 32 bits, with a sign, and wraps.
+    int GetStorageWidth() const;
+
+    /// While true, GetFrom makes the block 24 bytes longer than what is stored, with zeros. False at start;
+    /// only the host sets it.
+    static bool FixUp;
+
+private:
+    void ReplaceByFile(std::uint64_t size);
+    std::uint64_t GetClrTabOffset() const;
+    std::uint64_t GetBitsOffset() const;
+
+    Ownership m_ownership;
+    void* m_block;
+    const Strategy* m_strategy;
+};
+
+}  // namespace LVXUtilities
