@@ -15,14 +15,15 @@ version_key() {
     done
     shift
     {
-        cat "${files[@]}"
+        # Comments make no difference.
+        grep -hvE '^[[:space:]]*(#|$)' "${files[@]}"
         dpkg-query -W -f '${Package} ${Version}\n' "$@"
     } | sha256sum | cut -c 1-12
 }
 
-# make_once FOLDER COMMAND...: makes FOLDER by running COMMAND with the path of an empty folder beside it as its
-# last argument, which then takes the name. An interrupted run leaves nothing under that name; a second process
-# waits for the first.
+# make_once FOLDER COMMAND...: makes FOLDER by running COMMAND with the path of an empty folder beside it as
+# its last argument, which then takes the name. An interrupted run leaves nothing under that name; a second
+# process waits for the first.
 make_once() {
     local folder=$1
     shift

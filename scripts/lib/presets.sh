@@ -1,5 +1,6 @@
 # shellcheck shell=bash
-# Configure and build by the presets of CMakePresets.json.
+# Configure and build by the presets of CMakePresets.json. The tests run on all_presets; linux-bench and
+# linux-fuzz have build folders of their own, so that measuring and fuzzing disturb no tests.
 
 all_presets=(linux linux-asan windows-x64 windows-x86)
 
@@ -7,8 +8,17 @@ export CCACHE_DIR=${CCACHE_DIR:-$lvx_cache/ccache}
 # Work trees of the same repository share what they compile.
 export CCACHE_BASEDIR=$lvx_root CCACHE_NOHASHDIR=1
 
-# Test programs find the shared pictures and documents by this, under Wine too.
-export LVX_SHARED_DATA=${LVX_SHARED_DATA:-$(realpath -m "$lvx_root/../shared/data")}
+# Where the shared pictures and documents lie: beside the repository, for its further work trees too.
+shared_data() {
+    local beside=$lvx_root/../shared/data repository
+    if [[ ! -d $beside ]] && repository=$(git -C "$lvx_root" rev-parse --path-format=absolute --git-common-dir 2>/dev/null); then
+        beside=$repository/../../shared/data
+    fi
+    realpath -m "$beside"
+}
+
+# Test programs find them by this, under Wine too.
+export LVX_SHARED_DATA=${LVX_SHARED_DATA:-$(shared_data)}
 
 is_preset() {
     [[ " ${all_presets[*]} " == *" $1 "* ]]
@@ -23,6 +33,8 @@ need_packages_of_preset() {
     case $1 in
         windows-x64) need_packages "${packages_windows_x64[@]}" ;;
         windows-x86) need_packages "${packages_windows_x86[@]}" ;;
+        linux-bench) need_packages "${packages_bench[@]}" ;;
+        linux-fuzz) need_packages "${packages_fuzz[@]}" ;;
         *) need_packages "${packages_linux[@]}" ;;
     esac
 }

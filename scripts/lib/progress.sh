@@ -14,8 +14,8 @@ die() {
     exit 1
 }
 
-# run_child COMMAND...: runs it in a process group of its own and waits. A signal to this script ends the whole
-# group, waits until the group's leader has cleaned up behind itself, then ends this script.
+# run_child COMMAND...: runs it in a process group of its own and waits. A signal to this script ends the
+# whole group, waits until the group's leader has cleaned up behind itself, then ends this script.
 run_child() {
     local child status=0 input=/dev/stdin
     # A group in the background may not read from the terminal.
