@@ -31,7 +31,7 @@ constexpr std::uint64_t picture_size(std::uint32_t width, std::uint32_t height, 
 constexpr bool is_credible_picture(std::uint64_t size, std::uint64_t bytes_left) {
     constexpr std::uint64_t harmless = 64 * 1024 * 1024;
     constexpr std::uint64_t largest_ratio = 1024;
-    return size <= harmless || size / largest_ratio <= bytes_left;
+    return size <= harmless || size / largest_ratio + (size % largest_ratio != 0 ? 1 : 0) <= bytes_left;
 }
 
 }  // namespace lvx::images
