@@ -7,7 +7,7 @@
 #include "lvx/platform/global_memory.h"
 
 // Under the sanitizers a request that no memory satisfies returns null, as it does without them.
-extern "C" const char* __asan_default_options() {
+extern "C" __attribute__((visibility("default"))) const char* __asan_default_options() {
     return "allocator_may_return_null=1";
 }
 
