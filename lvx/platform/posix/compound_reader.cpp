@@ -151,10 +151,8 @@ private:
     }
 
     HRESULT Open(const Element& element, IStream*& stream) {
-        std::shared_ptr<StreamState>& state = m_states[&element];
-        if (state == nullptr) {
-            state = std::make_shared<StreamState>();
-        }
+        const std::shared_ptr<StreamState>& state =
+            m_states.try_emplace(&element, std::make_shared<StreamState>()).first->second;
         if (state->is_open) {
             return STG_E_ACCESSDENIED;
         }
