@@ -37,8 +37,8 @@ std::string first_difference(const DIBitmap& stored, const DIBitmap& picture) {
         stored.GetBitsPerPixel() != picture.GetBitsPerPixel()) {
         return "another size or depth";
     }
-    const auto row_bits = static_cast<std::size_t>(picture.GetWidth()) *
-                          static_cast<std::size_t>(picture.GetBitsPerPixel());
+    const auto row_bits =
+        static_cast<std::size_t>(picture.GetWidth()) * static_cast<std::size_t>(picture.GetBitsPerPixel());
     const auto stride = static_cast<std::size_t>(picture.GetStorageWidth());
     const auto height = static_cast<std::size_t>(std::abs(picture.GetHeight()));
     const auto stored_pixels = stored.GetBitsAddress();
