@@ -8,10 +8,6 @@ namespace {
 
 constexpr std::size_t entry_size = 128;
 constexpr std::uint32_t no_entry = 0xFFFFFFFF;
-// A balanced tree of all entries that a file can hold is 64 deep. Some writers leave lists instead of trees;
-// libgsf calls itself for each entry of those.
-constexpr std::size_t deepest = 4096;
-
 enum class Kind : unsigned char { unused = 0, storage = 1, stream = 2, root = 5 };
 
 // Where an entry has its fields.
@@ -72,7 +68,6 @@ public:
 private:
     struct Place {
         std::uint32_t number;
-        std::size_t depth;
         bool below_root;
     };
 
@@ -92,14 +87,14 @@ private:
         m_seen[0] = true;
         root.first_sector = get32(entry, first_sector_at);
         root.size = SizeOf(entry);
-        return Await({get32(entry, child_at), 1, true});
+        return Await({get32(entry, child_at), true});
     }
 
     bool Await(Place place) {
         if (place.number == no_entry) {
             return true;
         }
-        if (place.number >= m_seen.size() || m_seen[place.number] || place.depth > deepest) {
+        if (place.number >= m_seen.size() || m_seen[place.number]) {
             return false;
         }
         m_seen[place.number] = true;
@@ -119,9 +114,8 @@ private:
                                 get32(entry, first_sector_at)});
         }
         const std::uint32_t child = kind == Kind::storage ? get32(entry, child_at) : no_entry;
-        return Await({get32(entry, left_at), place.depth + 1, place.below_root}) &&
-               Await({get32(entry, right_at), place.depth + 1, place.below_root}) &&
-               Await({child, place.depth + 1, false});
+        return Await({get32(entry, left_at), place.below_root}) &&
+               Await({get32(entry, right_at), place.below_root}) && Await({child, false});
     }
 
     std::span<const unsigned char> m_data;

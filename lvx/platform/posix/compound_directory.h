@@ -21,8 +21,8 @@ struct CompoundDirectory {
     std::vector<Element> elements;
 
     /// Nothing if the directory is damaged: a link that leads out of it or to the same entry twice, an entry
-    /// of unknown kind or without a proper name, or a tree too deep to descend. Files with sectors of 512
-    /// bytes have sizes of 32 bits and may have anything behind them.
+    /// of unknown kind or without a proper name. Files with sectors of 512 bytes have sizes of 32 bits and
+    /// may have anything behind them.
     static std::optional<CompoundDirectory> Check(std::span<const unsigned char> data, bool has_wide_sizes);
 };
 

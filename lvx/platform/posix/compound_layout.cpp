@@ -1,7 +1,6 @@
 #include "lvx/platform/posix/compound_layout.h"
 
 #include <algorithm>
-#include <cstring>
 #include <span>
 
 #include "lvx/platform/posix/compound_directory.h"
@@ -10,8 +9,6 @@
 
 namespace lvx::platform {
 namespace {
-
-using Header = std::array<unsigned char, 512>;
 
 constexpr std::array<unsigned char, 8> signature = {0xD0, 0xCF, 0x11, 0xE0, 0xA1, 0xB1, 0x1A, 0xE1};
 constexpr std::uint32_t last_sector_number = 0xFFFFFFFA;
@@ -41,17 +38,21 @@ std::uint16_t get16(std::span<const unsigned char> data, std::size_t offset) {
     return static_cast<std::uint16_t>(data[offset] | data[offset + 1] << 8);
 }
 
-bool has_signature(const Header& header, std::size_t length) {
-    return length >= signature.size() && std::equal(signature.begin(), signature.end(), header.begin());
+bool has_signature(const std::array<unsigned char, 512>& header) {
+    return std::equal(signature.begin(), signature.end(), header.begin());
 }
 
-bool read_at(std::FILE* file, std::uint64_t offset, std::span<unsigned char> data) {
-    return fseeko(file, static_cast<off_t>(offset), SEEK_SET) == 0 &&
-           std::fread(data.data(), 1, data.size(), file) == data.size();
-}
-
-std::uint64_t units_for(std::uint64_t size, unsigned shift) {
-    return (size >> shift) + ((size & ((std::uint64_t{1} << shift) - 1)) != 0 ? 1 : 0);
+void append(std::vector<Extent>& extents, std::uint64_t offset, std::uint64_t length) {
+    if (extents.empty()) {
+        extents.push_back({0, offset, length});
+        return;
+    }
+    Extent& last = extents.back();
+    if (last.offset + last.length == offset) {
+        last.length += length;
+    } else {
+        extents.push_back({last.position + last.length, offset, length});
+    }
 }
 
 }  // namespace
@@ -60,22 +61,18 @@ HRESULT CompoundLayout::Load(std::FILE* file) {
     m_file = file;
     m_length = file_length(file);
     Header header{};
-    if (fseeko(file, 0, SEEK_SET) != 0) {
+    const std::size_t header_length = std::min<std::uint64_t>(m_length, header.size());
+    if (!read_at(file, 0, header.data(), header_length)) {
         return STG_E_READFAULT;
     }
-    const std::size_t header_length = std::fread(header.data(), 1, header.size(), file);
-    if (std::ferror(file) != 0) {
-        return STG_E_READFAULT;
-    }
-    if (!has_signature(header, header_length)) {
+    if (!has_signature(header)) {
         return STG_E_FILEALREADYEXISTS;
     }
-    const bool whole =
-        header_length == header.size() && LoadHeader(header) && LoadTable(header) && LoadDirectory();
-    if (std::ferror(file) != 0) {
+    const bool is_whole = LoadHeader(header) && LoadTable(header) && LoadDirectory();
+    if (m_read_failed) {
         return STG_E_READFAULT;
     }
-    return whole ? S_OK : STG_E_DOCFILECORRUPT;
+    return is_whole ? S_OK : STG_E_DOCFILECORRUPT;
 }
 
 bool CompoundLayout::LoadHeader(const Header& header) {
@@ -142,9 +139,11 @@ bool CompoundLayout::LoadElements(const std::vector<unsigned char>& directory) {
     if (!entries) {
         return false;
     }
-    m_root_start = entries->root.first_sector;
-    m_root_size = entries->root.size;
     m_elements = entries->elements;
+    m_small_streams_size = entries->root.size;
+    if (!FollowChain(m_table, entries->root.first_sector, m_small_streams)) {
+        m_small_streams.clear();
+    }
     return true;
 }
 
@@ -152,16 +151,17 @@ std::uint64_t CompoundLayout::SectorOffset(Sector sector) const {
     return (std::uint64_t{sector} + 1) << m_sector_shift;
 }
 
-bool CompoundLayout::ReadSector(Sector sector, std::vector<unsigned char>& data) const {
+bool CompoundLayout::ReadSector(Sector sector, std::vector<unsigned char>& data) {
     const std::uint64_t size = std::uint64_t{1} << m_sector_shift;
     if (sector > last_sector_number || SectorOffset(sector) + size > m_length) {
         return false;
     }
     data.resize(size);
-    return read_at(m_file, SectorOffset(sector), data);
+    m_read_failed = !read_at(m_file, SectorOffset(sector), data.data(), data.size());
+    return !m_read_failed;
 }
 
-bool CompoundLayout::AppendTableSector(Sector sector, std::vector<Sector>& table) const {
+bool CompoundLayout::AppendTableSector(Sector sector, std::vector<Sector>& table) {
     std::vector<unsigned char> data;
     if (!ReadSector(sector, data)) {
         return false;
@@ -183,42 +183,44 @@ bool CompoundLayout::FollowChain(const std::vector<Sector>& table, Sector first,
     return true;
 }
 
-bool CompoundLayout::HoldsBytes(Sector first, std::uint64_t size) const {
-    std::vector<Sector> chain;
-    if (size > m_length || !FollowChain(m_table, first, chain) ||
-        chain.size() < units_for(size, m_sector_shift)) {
-        return false;
+std::optional<std::uint64_t> CompoundLayout::SmallSectorOffset(Sector sector, std::uint64_t needed) const {
+    const std::uint64_t position = std::uint64_t{sector} << small_sector_shift;
+    const std::uint64_t place = position >> m_sector_shift;
+    if (position + needed > m_small_streams_size || place >= m_small_streams.size()) {
+        return std::nullopt;
     }
-    for (const Sector sector : chain) {
-        const std::uint64_t needed = std::min(size, std::uint64_t{1} << m_sector_shift);
-        if (SectorOffset(sector) + needed > m_length) {
-            return false;
-        }
-        size -= needed;
-    }
-    return true;
+    const std::uint64_t mask = (std::uint64_t{1} << m_sector_shift) - 1;
+    return SectorOffset(m_small_streams[place]) + (position & mask);
 }
 
-// Small streams lie together in the root's stream, in a table of their own.
-bool CompoundLayout::HoldsSmallBytes(Sector first, std::uint64_t size) const {
-    std::vector<Sector> chain;
-    if (!HoldsBytes(m_root_start, m_root_size) || !FollowChain(m_small_table, first, chain) ||
-        chain.size() < units_for(size, small_sector_shift)) {
-        return false;
-    }
-    return std::ranges::all_of(chain, [&](Sector sector) {
-        const std::uint64_t needed = std::min(size, std::uint64_t{1} << small_sector_shift);
-        size -= needed;
-        return (std::uint64_t{sector} << small_sector_shift) + needed <= m_root_size;
-    });
-}
-
-bool CompoundLayout::IsWhole(const Element& element) const {
+// Short streams lie in small sectors, all within one stream, with a table of their own.
+std::optional<std::vector<Extent>> CompoundLayout::Locate(const Element& element) const {
+    const bool is_small = element.size < small_stream_limit;
+    const std::uint64_t sector_size = std::uint64_t{1} << (is_small ? small_sector_shift : m_sector_shift);
+    std::vector<Extent> extents;
     if (element.size == 0) {
-        return true;
+        return extents;
     }
-    return element.size < small_stream_limit ? HoldsSmallBytes(element.first_sector, element.size)
-                                             : HoldsBytes(element.first_sector, element.size);
+    std::vector<Sector> chain;
+    if (element.size > m_length ||
+        !FollowChain(is_small ? m_small_table : m_table, element.first_sector, chain)) {
+        return std::nullopt;
+    }
+    std::uint64_t left = element.size;
+    for (const Sector sector : chain) {
+        const std::uint64_t needed = std::min(left, sector_size);
+        const std::optional<std::uint64_t> offset =
+            is_small ? SmallSectorOffset(sector, needed) : SectorOffset(sector);
+        if (!offset || *offset + needed > m_length) {
+            return std::nullopt;
+        }
+        append(extents, *offset, needed);
+        left -= needed;
+        if (left == 0) {
+            return extents;
+        }
+    }
+    return std::nullopt;
 }
 
 }  // namespace lvx::platform

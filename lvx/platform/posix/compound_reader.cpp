@@ -1,17 +1,17 @@
 #include "lvx/platform/posix/compound_reader.h"
 
-#include <gsf/gsf-infile-msole.h>
-#include <gsf/gsf-input-stdio.h>
-
 #include <algorithm>
 #include <map>
+#include <memory>
+#include <new>
+#include <optional>
 #include <utility>
+#include <vector>
 
 #include "lvx/platform/posix/compound_layout.h"
 #include "lvx/platform/posix/counted.h"
 #include "lvx/platform/posix/element_list.h"
 #include "lvx/platform/posix/element_names.h"
-#include "lvx/platform/posix/gsf_object.h"
 #include "lvx/platform/posix/stream_position.h"
 
 namespace lvx::platform {
@@ -19,8 +19,9 @@ namespace {
 
 class ReadStream final : public Counted<IStream> {
 public:
-    ReadStream(const Element& element, GsfPtr<GsfInput> input, std::shared_ptr<StreamState> state)
-        : m_element(element), m_input(std::move(input)), m_state(std::move(state)) {
+    ReadStream(const Element& element, std::vector<Extent> extents, std::FILE* file,
+               std::shared_ptr<StreamState> state)
+        : m_element(element), m_extents(std::move(extents)), m_file(file), m_state(std::move(state)) {
         m_state->is_open = true;
     }
     ~ReadStream() override { m_state->is_open = false; }
@@ -37,7 +38,7 @@ public:
         }
         const std::uint64_t left = m_element.size - std::min(m_element.size, m_position);
         const auto wanted = static_cast<ULONG>(std::min<std::uint64_t>(size, left));
-        if (wanted != 0 && !ReadAt(m_position, static_cast<guint8*>(data), wanted)) {
+        if (wanted != 0 && !ReadAt(m_position, static_cast<unsigned char*>(data), wanted)) {
             return STG_E_READFAULT;
         }
         m_position += wanted;
@@ -69,13 +70,26 @@ public:
     }
 
 private:
-    bool ReadAt(std::uint64_t position, guint8* data, std::size_t size) {
-        return gsf_input_seek(m_input.get(), static_cast<gsf_off_t>(position), G_SEEK_SET) == FALSE &&
-               gsf_input_read(m_input.get(), size, data) != nullptr;
+    // Requires: the stream has the bytes.
+    bool ReadAt(std::uint64_t position, unsigned char* data, std::uint64_t size) const {
+        auto extent = std::ranges::upper_bound(m_extents, position, {}, &Extent::position) - 1;
+        for (; size != 0; ++extent) {
+            const std::uint64_t skipped = position - extent->position;
+            const std::uint64_t length = std::min(size, extent->length - skipped);
+            if (!read_at(m_file, extent->offset + skipped, data, length)) {
+                return false;
+            }
+            position += length;
+            data += length;
+            size -= length;
+        }
+        return true;
     }
 
     Element m_element;
-    GsfPtr<GsfInput> m_input;
+    std::vector<Extent> m_extents;
+    // The storage's, which is not touched once that has reverted the stream.
+    std::FILE* m_file;
     std::shared_ptr<StreamState> m_state;
     std::uint64_t m_position = 0;
 };
@@ -90,19 +104,7 @@ public:
 
     HRESULT Load(StorageFile file) {
         m_file = std::move(file);
-        const HRESULT result = m_layout.Load(m_file.get());
-        if (FAILED(result)) {
-            return result;
-        }
-        // libgsf takes it that the file stands at its beginning.
-        std::rewind(m_file.get());
-        constexpr gboolean keep_open = TRUE;
-        const GsfPtr<GsfInput> source(gsf_input_stdio_new_FILE("compound file", m_file.get(), keep_open));
-        if (source == nullptr) {
-            return STG_E_READFAULT;
-        }
-        m_gsf.reset(gsf_infile_msole_new(source.get(), nullptr));
-        return m_gsf != nullptr ? S_OK : STG_E_DOCFILECORRUPT;
+        return m_layout.Load(m_file.get());
     }
 
     HRESULT OpenStream(const OLECHAR* name, void*, DWORD mode, DWORD, IStream** stream) override try {
@@ -156,20 +158,16 @@ private:
         if (state->is_open) {
             return STG_E_ACCESSDENIED;
         }
-        if (!m_layout.IsWhole(element)) {
+        std::optional<std::vector<Extent>> extents = m_layout.Locate(element);
+        if (!extents) {
             return STG_E_DOCFILECORRUPT;
         }
-        GsfPtr<GsfInput> input(gsf_infile_child_by_name(m_gsf.get(), utf8_from_wide(element.name).c_str()));
-        if (input == nullptr || static_cast<std::uint64_t>(gsf_input_size(input.get())) != element.size) {
-            return STG_E_DOCFILECORRUPT;
-        }
-        stream = new ReadStream(element, std::move(input), state);
+        stream = new ReadStream(element, std::move(*extents), m_file.get(), state);
         return S_OK;
     }
 
     StorageFile m_file;
     CompoundLayout m_layout;
-    GsfPtr<GsfInfile> m_gsf;
     std::map<const Element*, std::shared_ptr<StreamState>> m_states;
 };
 

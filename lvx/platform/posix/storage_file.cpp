@@ -132,6 +132,23 @@ HRESULT open_to_replace(const wchar_t* name, StorageFile& file) {
     return S_OK;
 }
 
+bool read_at(std::FILE* file, std::uint64_t offset, void* data, std::size_t size) {
+    auto* target = static_cast<unsigned char*>(data);
+    while (size != 0) {
+        const ssize_t count = pread(fileno(file), target, size, static_cast<off_t>(offset));
+        if (count < 0 && errno == EINTR) {
+            continue;
+        }
+        if (count <= 0) {
+            return false;
+        }
+        target += count;
+        offset += static_cast<std::uint64_t>(count);
+        size -= static_cast<std::size_t>(count);
+    }
+    return true;
+}
+
 std::uint64_t file_length(std::FILE* file) {
     struct stat status;
     return fstat(fileno(file), &status) == 0 ? static_cast<std::uint64_t>(status.st_size) : 0;

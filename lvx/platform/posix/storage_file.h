@@ -3,6 +3,7 @@
 // The disk file behind a compound file: opened, locked against other openers, closed with it.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <memory>
@@ -22,6 +23,9 @@ HRESULT open_to_read(const wchar_t* name, StorageFile& file);
 
 /// Makes an empty file, in place of what is there, that nobody else has open.
 HRESULT open_to_replace(const wchar_t* name, StorageFile& file);
+
+/// Reads `size` bytes at `offset`, or returns false.
+bool read_at(std::FILE* file, std::uint64_t offset, void* data, std::size_t size);
 
 /// The length of the file; 0 if it cannot be asked.
 std::uint64_t file_length(std::FILE* file);

@@ -14,7 +14,7 @@ namespace lvx::platform {
 
 class StreamBytes {
 public:
-    /// The longest stream that the file format tells in 32 bits.
+    /// The longest stream whose length the file format tells in 32 bits.
     static constexpr std::uint64_t longest = 0xFFFFFFFF;
 
     std::uint64_t Size() const { return m_size; }
