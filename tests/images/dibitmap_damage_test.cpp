@@ -106,7 +106,8 @@ TEST_P(DamagedBitmap, loads_at_every_length_that_has_the_signature) {
 
 TEST_P(DamagedBitmap, is_a_picture_or_an_error_whichever_byte_is_changed) {
     const std::string& file = GetParam().file;
-    const bool every_value = GetParam().name == samples().front().name;
+    // All of them where files are made fast; else a handful.
+    const bool every_value = LVX_TEST_EVERY_CHANGE != 0 && GetParam().name == std::string("bits_24");
     for (std::size_t at = 0; at < file.size(); ++at) {
         const int original = static_cast<unsigned char>(file[at]);
         for (int change = 1; change < 256; change += every_value ? 1 : 36) {

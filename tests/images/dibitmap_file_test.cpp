@@ -378,6 +378,20 @@ TEST_F(SavedBitmap, of_an_empty_image_is_a_file_header) {
     EXPECT_BYTES(bytes("'BM' 0E000000 0000 0000 0E000000"), Save(DIBitmap(nullptr, DIBitmap::Copy)));
 }
 
+// The worked example of docs/bitmaps.md.
+TEST_F(SavedBitmap, of_the_documented_example_is_the_documented_bytes) {
+    const std::string file = bytes(
+        "42 4D EE EE EE EE 11 11 22 22 3E 00 00 00 28 00 00 00 02 00 00 00 01 00 00 00 01 00 08 00"
+        "00 00 00 00 00 00 00 00 01 02 03 04 05 06 07 08 02 00 00 00 09 0A 0B 0C"
+        "A1 A2 A3 A4 B1 B2 B3 B4 00 01 00 00");
+    const std::string block = bytes(
+        "28 00 00 00 02 00 00 00 01 00 00 00 01 00 08 00 00 00 00 00 00 00 00 00 01 02 03 04 05 06 07 08"
+        "02 00 00 00 09 0A 0B 0C 03 04 05 06 07 08 02 00 00 01 00 00");
+    const DIBitmap bitmap = Load(file);
+    EXPECT_BYTES(block, block_of(bitmap));
+    EXPECT_BYTES(bytes("42 4D 42 00 00 00 00 00 00 00 3E 00 00 00") + block, Save(bitmap));
+}
+
 TEST_F(SavedBitmap, replaces_what_was_there) {
     lvx_test::write_file(Name(), std::string(1000, 'x'));
     EXPECT_EQ(14u + 44, SaveBlock(Info{}.Header() + bytes("11223300")).size());

@@ -12,6 +12,7 @@
 #include "images/reference_picture.h"
 #include "lvx/images/dibitmap.h"
 #include "support/shared_data.h"
+#include "support/temp_folder.h"
 
 namespace {
 
@@ -73,6 +74,30 @@ TEST(BitmapFiles, all_give_the_block_that_their_bytes_make) {
         ++count;
     }
     EXPECT_GE(count, 29);
+}
+
+TEST(SamplePictures, give_the_block_that_their_bytes_make) {
+    int count = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(LVX_TEST_PICTURES)) {
+        if (entry.path().extension() == ".bmp") {
+            const DIBitmap bitmap(entry.path().string(), DIBitmap::AnyFormat);
+            EXPECT_TRUE(expected_block(lvx_test::read_file(entry.path().string())) == block_of(bitmap))
+                << entry.path();
+            ++count;
+        }
+    }
+    EXPECT_EQ(7, count);
+}
+
+TEST(SamplePictures, of_24_bits_are_saved_and_loaded_without_a_difference) {
+    const lvx_test::TempFolder folder;
+    for (const char* const name : {"rgb24.bmp", "testorig.jpg", "testimgint.jpg"}) {
+        DIBitmap bitmap(LVX_TEST_PICTURES "/" + std::string(name), DIBitmap::AnyFormat);
+        bitmap.SaveAs(folder.File(name), DIBitmap::DIB);
+        const DIBitmap again(folder.File(name), DIBitmap::DIB);
+        EXPECT_TRUE(block_of(bitmap) == block_of(again)) << name;
+        EXPECT_EQ(bitmap.GetSize(), again.GetSize()) << name;
+    }
 }
 
 // The colours as the file has them: the block's table begins earlier in the file than the file's own.
