@@ -6,6 +6,7 @@
 #include "lvx/images/dibitmap.h"
 #include "lvx/store/object_store_storage.h"
 #include "tests/lvxdoc/support.h"
+#include "tests/support/shared_data.h"
 #include "tools/lvxdoc/document.h"
 #include "tools/lvxdoc/errors.h"
 
@@ -134,15 +135,17 @@ TEST(PackPictures, tells_the_picture_and_the_cause_and_leaves_nothing) {
 
 TEST(PackPictures, takes_real_photographs) {
     const Folder folder;
-    for (const char* name :
-         {"jpeg/testorig.jpg", "jpeg/nature2.jpg", "bmp/vgl_6434_0018a.bmp", "bmp/pal8v5.bmp"}) {
-        const std::string file = shared_data(name);
-        if (file.empty()) {
-            continue;
-        }
+    const std::filesystem::path shared = lvx_test::shared_data();
+    if (!lvx_test::has_shared_data("jpeg") || !lvx_test::has_shared_data("bmp")) {
+        return;
+    }
+    const std::string jpegs = (shared / "jpeg").string();
+    const std::string bitmaps = (shared / "bmp").string();
+    for (const std::string& file : {jpegs + "/testorig.jpg", jpegs + "/nature2.jpg",
+                                    bitmaps + "/vgl_6434_0018a.bmp", bitmaps + "/pal8v5.bmp"}) {
         const auto packed = pack_pictures(folder.File("d.lvx"), {file}, false);
         const DIBitmap picture(file, DIBitmap::AnyFormat);
-        EXPECT_EQ(picture.GetWidth(), packed[0].width) << name;
+        EXPECT_EQ(picture.GetWidth(), packed[0].width) << file;
         EXPECT_EQ(0, run({"check", folder.File("d.lvx")}).status) << run({"check", folder.File("d.lvx")}).out;
     }
 }

@@ -1,9 +1,7 @@
 #include "tests/lvxdoc/support.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <fstream>
-#include <iostream>
 #include <iterator>
 
 #include "tools/lvxdoc/errors.h"
@@ -35,18 +33,6 @@ std::string int_bytes(std::uint32_t number) {
     }
     return bytes;
 }
-
-const std::string fonts = bytes_of(
-    "03000000 42 63 'myFont' 0d0a 6f 73 05000000 'Arial' 0000000000002440"
-    "01000000 00000000 00000000 00000000 42 4f 00000000 42 43 00000000 6f 73 04000000 'Sans' 0000000000002040"
-    "00000000 00000000 00000000 00000000");
-
-const std::string small_block = bytes_of(
-    "28000000 02000000 02000000 0100 1800 00000000 10000000 00000000 00000000 00000000 00000000"
-    "0000ff 00ff00 0000 ff0000 ffffff 0000");
-
-const std::string small_picture =
-    bytes_of("01000000 42 63 'LVXUtilities::DIBitmap' 0d0a 6f 38000000") + small_block;
 
 void Lines::Take(const lvxdoc::Event& event) {
     lines.push_back(std::to_string(event.offset) + ' ' + lvxdoc::describe(event));
@@ -93,6 +79,8 @@ std::string Folder::File(const std::string& name) const {
 }
 
 std::string Folder::Write(const std::string& name, const std::string& bytes) const {
+    // Some file systems wait for the disk when a file is overwritten.
+    std::filesystem::remove(m_path / name);
     std::ofstream(m_path / name, std::ios::binary)
         .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     return File(name);
@@ -118,15 +106,4 @@ Result run(const std::vector<std::string>& words) {
     lvxdoc::Console console{out, err, false, false};
     const int status = lvxdoc::run_program(words, console);
     return {status, out.Text(), err.Text()};
-}
-
-std::string shared_data(const std::string& name) {
-    const char* const given = std::getenv("LVX_SHARED_DATA");
-    const std::filesystem::path folder = given != nullptr ? given : LVX_DEFAULT_SHARED_DATA;
-    std::error_code error;
-    if (!std::filesystem::exists(folder / name, error)) {
-        std::cout << "ran without " << name << " of the shared data\n";
-        return {};
-    }
-    return lvxdoc::platform::narrow_name(folder / name);
 }

@@ -14,13 +14,22 @@ std::string bytes_of(std::string_view description);
 /// The number as four bytes.
 std::string int_bytes(std::uint32_t number);
 
-/// A version, a font F, F again and a second font G, 96 bytes.
-extern const std::string fonts;
+// Defined here, so that the constants of a test can be made of them.
 
-/// A version and a picture of 2 by 2 pixels in 24 bits: 4 + 42 + 4 + 56 bytes.
-extern const std::string small_picture;
-/// Its block alone.
-extern const std::string small_block;
+/// A version, a font F, F again and a second font G, 95 bytes.
+inline const std::string fonts = bytes_of(
+    "03000000 42 63 'myFont' 0d0a 6f 73 05000000 'Arial' 0000000000002440"
+    "01000000 00000000 00000000 00000000 42 4f 00000000 42 43 00000000 6f 73 04000000 'Sans' 0000000000002040"
+    "00000000 00000000 00000000 00000000");
+
+/// The block of a picture of 2 by 2 pixels in 24 bits, 56 bytes.
+inline const std::string small_block = bytes_of(
+    "28000000 02000000 02000000 0100 1800 00000000 10000000 00000000 00000000 00000000 00000000"
+    "0000ff 00ff00 0000 ff0000 ffffff 0000");
+
+/// A version and that picture, whose block begins at 35.
+inline const std::string small_picture =
+    bytes_of("01000000 42 63 'LVXUtilities::DIBitmap' 0d0a 6f 38000000") + small_block;
 
 /// Keeps a line for each event: the offset and the description.
 class Lines : public lvxdoc::EventSink {
@@ -66,6 +75,3 @@ struct Result {
 
 /// Runs the program's commands in this process.
 Result run(const std::vector<std::string>& words);
-
-/// A file of the test data that others made, or "" and a line that says so if it is not there.
-std::string shared_data(const std::string& name);

@@ -18,7 +18,7 @@ constexpr std::uint64_t longest_text = 64 * 1024;
 constexpr std::size_t shown_bytes = 32;
 constexpr std::size_t block_size = 64 * 1024;
 
-Event value(Kind kind, std::uint64_t offset, std::uint64_t size, const char* type, const std::string& name) {
+Event value(Kind kind, std::uint64_t offset, std::uint64_t size, const char* type, std::string_view name) {
     Event event{.kind = kind, .offset = offset, .size = size};
     event.type = type;
     event.name = name;

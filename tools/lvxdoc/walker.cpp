@@ -207,28 +207,26 @@ bool Walker::ReadObjectHead(ObjectClass& found, unsigned char& last_tag) {
     }
 }
 
-std::uint32_t Walker::ReadClassName(std::uint64_t offset) {
+// A class name up to its line end, which is CR LF or LF alone.
+std::string Walker::ReadLine(std::uint64_t offset) {
     std::string name;
-    for (;;) {
-        const char byte = static_cast<char>(m_cursor.ReadByte("a class name"));
-        if (byte == '\n') {
-            break;
-        }
-        name += byte;
-        if (name.size() > m_options.longest_class_name + 1) {
-            throw Damage(offset, "a class name is longer than the " +
-                                     std::to_string(m_options.longest_class_name) +
-                                     " characters that are read back: " + quoted(name));
-        }
+    bool has_end = false;
+    while (!has_end && name.size() <= m_options.longest_class_name + 1) {
+        name += static_cast<char>(m_cursor.ReadByte("a class name"));
+        has_end = name.back() == '\n';
     }
-    if (!name.empty() && name.back() == '\r') {
-        name.pop_back();
-    }
+    name.resize(name.find_last_not_of(has_end ? "\r\n" : "\r") + 1);
     if (name.size() > m_options.longest_class_name) {
         throw Damage(offset, "a class name is longer than the " +
                                  std::to_string(m_options.longest_class_name) +
                                  " characters that are read back: " + quoted(name));
     }
+    // Readers take a name as a C string.
+    return m_options.strict ? name : name.substr(0, name.find('\0'));
+}
+
+std::uint32_t Walker::ReadClassName(std::uint64_t offset) {
+    const std::string name = ReadLine(offset);
     const bool is_plain = std::all_of(name.begin(), name.end(), [](char c) { return c >= ' ' && c <= '~'; });
     if (name.empty() || !is_plain) {
         throw Damage(offset, "this is no class name: " + quoted(name));

@@ -77,6 +77,7 @@ private:
     void ReadObject(bool to_end);
     void ReadString(const std::string& name);
     bool ReadObjectHead(ObjectClass& found, unsigned char& last_tag);
+    std::string ReadLine(std::uint64_t offset);
     std::uint32_t ReadClassName(std::uint64_t offset);
     std::uint32_t ReadClassNumber(std::uint64_t offset);
     void ReadReference(std::uint64_t offset);
