@@ -1,0 +1,42 @@
+#include "tools/lvxdoc/pack_command.h"
+
+#include <limits>
+
+#include "tools/lvxdoc/picture_packer.h"
+#include "tools/lvxdoc/text.h"
+
+namespace lvxdoc {
+namespace {
+
+int run(const Arguments& arguments, Console& console) {
+    const std::string& document = arguments.words.front();
+    const std::vector<std::string> pictures(arguments.words.begin() + 1, arguments.words.end());
+    const auto packed = pack_pictures(document, pictures, arguments.Has("force"));
+    console.out.Line(document + ": " + counted(packed.size(), "picture"));
+    for (const PackedPicture& picture : packed) {
+        console.out.Line("  " + picture.file + " -> stream \"" + picture.stream + "\", " +
+                         std::to_string(picture.width) + " x " + std::to_string(picture.height) + ", " +
+                         counted(static_cast<std::uint64_t>(picture.bits_per_pixel), "bit") + " per pixel");
+    }
+    return 0;
+}
+
+}  // namespace
+
+const Command pack_command{"pack",
+                           "OUT PICTURE...",
+                           2,
+                           std::numeric_limits<std::size_t>::max(),
+                           "Make a document of pictures, bitmap files and JPEG files",
+                           "Each picture becomes a stream of the compound file OUT, named after the "
+                           "picture's file: its name without folder\n"
+                           "and extension, of at most 31 characters, with a number behind it where two would "
+                           "be the same. A stream holds the\n"
+                           "version 1 and the picture as an object, and can be read alone. OUT appears when "
+                           "it is complete, in place of a\n"
+                           "document of that name. A damaged JPEG file ends the command with the decoder's "
+                           "message and exit status 1.\n",
+                           {{"force", 'f', nullptr, "replace OUT also if it is no document"}},
+                           &run};
+
+}  // namespace lvxdoc
