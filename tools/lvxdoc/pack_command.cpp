@@ -28,15 +28,12 @@ const Command pack_command{"pack",
                            2,
                            std::numeric_limits<std::size_t>::max(),
                            "Make a document of pictures, bitmap files and JPEG files",
-                           "Each picture becomes a stream of the compound file OUT, named after the "
-                           "picture's file: its name without folder\n"
-                           "and extension, of at most 31 characters, with a number behind it where two would "
-                           "be the same. A stream holds the\n"
-                           "version 1 and the picture as an object, and can be read alone. OUT appears when "
-                           "it is complete, in place of a\n"
-                           "document of that name. A damaged JPEG file ends the command with the decoder's "
-                           "message and exit status 1.\n",
-                           {{"force", 'f', nullptr, "replace OUT also if it is no document"}},
+                           "Each picture becomes a stream of the compound file OUT, named after the picture's file: its name without\n"
+    "folder and extension, of at most 31 characters, with a number behind it where two would be the same. A\n"
+    "stream holds the version 1 and the picture as an object, and can be read alone. OUT appears when it is\n"
+    "complete, in place of a document of that name. A damaged JPEG file ends the command with the decoder's\n"
+    "message and exit status 1.\n",
+    {{"force", 'f', nullptr, "replace OUT also if it is no document"}},
                            &run};
 
 }  // namespace lvxdoc
