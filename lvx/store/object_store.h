@@ -194,6 +194,7 @@ private:
     void ReadClassNumber();
     Storable* ReadReference(const Storable* target);
     Storable* CreateObject();
+    bool MayDelete(const Storable* object) const;
     [[noreturn]] void RefuseAsString(Storable* object);
 
     std::vector<std::string> m_classNames;

@@ -44,11 +44,14 @@ char next_char(ObjectStore& store, lvx::store::Shortcuts& shortcuts) {
 // had read; the list keeps their places, so that later ids stay right, but no pointer to them.
 class ObjectStore::Reading {
 public:
-    explicit Reading(ObjectStore& store) : m_store(store), m_begin(Size()) {}
+    explicit Reading(ObjectStore& store) : m_store(store), m_begin(Size()) {
+        m_store.m_shortcuts->being_read.push_back(m_begin);
+    }
     Reading(const Reading&) = delete;
     Reading& operator=(const Reading&) = delete;
 
     ~Reading() {
+        m_store.m_shortcuts->being_read.pop_back();
         if (!m_complete) {
             Abandon();
         }
@@ -206,6 +209,7 @@ ObjectStore& ObjectStore::operator>>(Storable*& object) {
     if (object == nullptr || m_className != object->ClassName()) {
         throw UnexpectedObject(m_className, expected_class(object));
     }
+    m_shortcuts->lent.push_back(object);
     AppendObjectToList(object);
     object->GetFrom(*this);
     return *this;
@@ -223,9 +227,20 @@ Storable* ObjectStore::CreateObject() {
     return object;
 }
 
+// Not while it is being read, when its creator has it, nor if the caller brought it along.
+bool ObjectStore::MayDelete(const Storable* object) const {
+    const auto is_object = [this, object](std::size_t place) {
+        return place < m_objectList->size() && (*m_objectList)[place] == object;
+    };
+    const std::vector<std::size_t>& places = m_shortcuts->being_read;
+    const std::vector<const Storable*>& lent = m_shortcuts->lent;
+    return object != nullptr && std::none_of(places.begin(), places.end(), is_object) &&
+           std::find(lent.begin(), lent.end(), object) == lent.end();
+}
+
 void ObjectStore::RefuseAsString(Storable* object) {
     const std::string found = name_of(object);
-    if (object != nullptr) {
+    if (MayDelete(object)) {
         // Deleted as documents' readers have always done here; the list must not hand it out again.
         std::replace(m_objectList->begin(), m_objectList->end(), object, static_cast<Storable*>(nullptr));
         delete object;

@@ -51,6 +51,10 @@ public:
     /// Entries of the object list from here to `abandoned_end` belong to objects that failed and are null.
     std::size_t abandoned_begin = 0;
     std::size_t abandoned_end = 0;
+    /// The places in the object list of the objects whose members are being read, the outermost first.
+    std::vector<std::size_t> being_read;
+    /// Objects of the caller that were read into.
+    std::vector<const Storable*> lent;
 
 private:
     struct KnownName {

@@ -295,6 +295,49 @@ TEST(StoredValues, a_reference_where_a_string_is_expected_is_told_by_its_type_an
     EXPECT_EQ(nullptr, again) << "a deleted object was handed out";
 }
 
+// Damaged documents crashed here: a leaf whose name was a reference to the leaf itself was deleted twice.
+TEST(StoredValues, an_object_that_is_being_read_is_not_deleted_in_place_of_a_string) {
+    lvx_test::register_shapes();
+    RecordingStore store(
+        bytes("'Bclvx_test::inner::Leaf' 0D 0A 'o' 01 00 00 00 00 00 00 00 00 00 00 00"
+              "'BO' 00 00 00 00"
+              "'BO' 00 00 00 00"));
+    const int before = lvx_test::inner::Leaf::alive;
+    Storable* leaf = nullptr;
+    EXPECT_THROW_TEXT(store >> leaf, ObjectStore::UnexpectedObject,
+                      "Unexpected object in the store: expected a String, found lvx_test::inner::Leaf");
+    EXPECT_EQ(before, lvx_test::inner::Leaf::alive);
+    store >> leaf;
+    EXPECT_EQ(nullptr, leaf) << "a deleted object was handed out";
+}
+
+TEST(StoredValues, an_owner_that_is_being_read_is_not_deleted_in_place_of_a_members_string) {
+    lvx_test::register_shapes();
+    RecordingStore store(
+        bytes("'Bclvx_test::Node' 0D 0A 'o' 01 00 00 00 01 00 00 00"
+              "'Bclvx_test::inner::Leaf' 0D 0A 'o' 01 00 00 00 00 00 00 00 00 00 00 00"
+              "'BO' 00 00 00 00"));
+    const int nodes = lvx_test::Node::alive;
+    const int leaves = lvx_test::inner::Leaf::alive;
+    Storable* node = nullptr;
+    EXPECT_THROW_TEXT(store >> node, ObjectStore::UnexpectedObject,
+                      "Unexpected object in the store: expected a String, found lvx_test::Node");
+    EXPECT_EQ(nodes, lvx_test::Node::alive);
+    EXPECT_EQ(leaves, lvx_test::inner::Leaf::alive);
+}
+
+// Damaged documents crashed here: an object on the stack was deleted.
+TEST(StoredValues, an_object_of_the_caller_is_not_deleted_in_place_of_a_string) {
+    RecordingStore store(bytes("'Bclvx_test::Node' 0D 0A 'o' 07 00 00 00 00 00 00 00 'BO' 00 00 00 00"));
+    lvx_test::Node node;
+    Storable* object = &node;
+    std::string text;
+    store >> ObjectStore::NoCreate >> object;
+    EXPECT_THROW_TEXT(store >> text, ObjectStore::UnexpectedObject,
+                      "Unexpected object in the store: expected a String, found lvx_test::Node");
+    EXPECT_EQ(7, node.m_number);
+}
+
 TEST(StoredValues, a_string_read_behind_NoCreate_needs_no_object) {
     for (const char* notation : {"'B0'", "'BO' 00 00 00 00", "'x'"}) {
         RecordingStore store(bytes(notation));
