@@ -73,6 +73,9 @@ public:
         return place;
     }
 
+    /// The same, but they are not consumed.
+    const unsigned char* Peek(std::size_t size) const { return InBlock() < size ? nullptr : m_next; }
+
     /// False if fewer than `size` bytes were left; those are consumed then.
     bool Read(void* data, std::size_t size);
     /// The next byte, 0 to 255, or -1 at the end.

@@ -106,8 +106,8 @@ void ObjectStore::ExpectBytes(long long length) {
     if (length < 0) {
         throw UnexpectedEOF();
     }
-    // Asking the medium costs more than the memory that a small value takes. On a standard stream a value that
-    // falls short raises nothing, which stays so for all that is not absurd.
+    // Asking the medium costs more than the memory that a small value takes. On a standard stream a value
+    // that falls short raises nothing, which stays so for all that is not absurd.
     constexpr long long small_value = 4096;
     constexpr long long absurd_value = 1024 * 1024;
     if (length <= (m_shortcuts->GetDirectReader() != nullptr ? small_value : absurd_value)) {

@@ -192,7 +192,10 @@ private:
     void WriteClass(const char* name);
     void ReadClassName();
     void ReadClassNumber();
+    void SelectClass(long number);
+    bool ReadTags(Storable*& object);
     Storable* ReadReference(const Storable* target);
+    Storable* FindObject(long id, const Storable* target) const;
     Storable* CreateObject();
     [[noreturn]] void RefuseAsString(Storable* object);
 

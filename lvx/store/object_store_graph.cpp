@@ -3,19 +3,14 @@
 #include <cstring>
 
 #include "lvx/platform/stack.h"
+#include "lvx/store/object_frame.h"
 #include "lvx/store/object_map.h"
 #include "lvx/store/object_store.h"
 #include "lvx/store/shortcuts.h"
 
 namespace {
 
-constexpr char ascii_marker = 'A';
-constexpr char binary_marker = 'B';
-constexpr char reference_tag = 'O';
-constexpr char class_number_tag = 'C';
-constexpr char class_name_tag = 'c';
-constexpr char body_tag = 'o';
-constexpr char null_tag = '0';
+using namespace lvx::store;
 
 // Documents hold longer names than the library reads back; see Storable::ClassName.
 constexpr int class_name_buffer = 50;
@@ -29,13 +24,17 @@ const char* expected_class(const Storable* target) {
     return target == nullptr ? "an object" : target->ClassName();
 }
 
-char next_char(ObjectStore& store, lvx::store::Shortcuts& shortcuts) {
-    if (auto* const reader = shortcuts.GetDirectReader()) {
-        if (const unsigned char* const place = reader->Take(1)) {
-            return static_cast<char>(*place);
-        }
+char next_char(ObjectStore& store, Shortcuts& shortcuts) {
+    const unsigned char* const place = shortcuts.Take(1);
+    return place != nullptr ? static_cast<char>(*place) : store.GetChar();
+}
+
+void put_tagged_number(ObjectStore& store, Shortcuts& shortcuts, char tag, long number) {
+    if (unsigned char* const place = shortcuts.Claim(tagged_number_size)) {
+        encode_tagged_number(tag, static_cast<std::uint32_t>(number), place);
+        return;
     }
-    return store.GetChar();
+    store << tag << number;
 }
 
 }  // namespace
@@ -63,7 +62,7 @@ private:
 
     // Each level of a deep nest ends here in turn; what an inner one has cleared is not cleared again.
     void Abandon() {
-        lvx::store::Shortcuts& shortcuts = *m_store.m_shortcuts;
+        Shortcuts& shortcuts = *m_store.m_shortcuts;
         const std::size_t size = Size();
         const bool cleared = shortcuts.abandoned_end == size && shortcuts.abandoned_begin >= m_begin;
         const std::size_t end = cleared ? shortcuts.abandoned_begin : size;
@@ -88,7 +87,7 @@ ObjectStore& ObjectStore::operator<<(const Storable& object) {
     *this << (m_ascii ? ascii_marker : binary_marker);
     const long id = m_tempObject ? -1 : FindId(object);
     if (id >= 0) {
-        *this << reference_tag << id;
+        put_tagged_number(*this, *m_shortcuts, reference_tag, id);
     } else {
         const char* const name = object.ClassName();
         AppendObjectToMap(&object);
@@ -108,7 +107,7 @@ long ObjectStore::FindId(const Storable& object) const {
 void ObjectStore::WriteClass(const char* name) {
     const long number = m_shortcuts->FindClass(name, m_classNames);
     if (number >= 0) {
-        *this << class_number_tag << number;
+        put_tagged_number(*this, *m_shortcuts, class_number_tag, number);
         return;
     }
     *this << class_name_tag;
@@ -118,6 +117,26 @@ void ObjectStore::WriteClass(const char* name) {
 }
 
 bool ObjectStore::ReadObjectOrClass(Storable*& object) {
+    const Frame frame(m_shortcuts->Peek(Frame::size));
+    if (frame.IsClassNumber()) {
+        m_ascii = frame.IsAscii();
+        const long number = frame.Number();
+        m_shortcuts->Skip(Frame::size);
+        SelectClass(number);
+        return true;
+    }
+    if (frame.IsReference() && m_objectList.get() != nullptr) {
+        m_ascii = frame.IsAscii();
+        const long id = frame.Number();
+        m_shortcuts->Skip(Frame::size);
+        object = FindObject(id, object);
+        return false;
+    }
+    return ReadTags(object);
+}
+
+// The forms that are rare, and all forms byte by byte.
+bool ObjectStore::ReadTags(Storable*& object) {
     for (;;) {
         const char tag = next_char(*this, *m_shortcuts);
         switch (tag) {
@@ -157,6 +176,10 @@ Storable* ObjectStore::ReadReference(const Storable* target) {
     }
     long id = 0;
     *this >> id;
+    return FindObject(id, target);
+}
+
+Storable* ObjectStore::FindObject(long id, const Storable* target) const {
     if (id < 0 || static_cast<std::size_t>(id) >= m_objectList->size()) {
         throw UnexpectedObject(std::string("Reference to nonexistant object."), "");
     }
@@ -178,6 +201,10 @@ void ObjectStore::ReadClassName() {
 void ObjectStore::ReadClassNumber() {
     long number = 0;
     *this >> number;
+    SelectClass(number);
+}
+
+void ObjectStore::SelectClass(long number) {
     if (number < 0 || static_cast<std::size_t>(number) >= m_classNames.size()) {
         throw UnexpectedObject(std::string("Reference to nonexistant class."), "");
     }

@@ -24,6 +24,8 @@ bool Shortcuts::Detach() {
     const bool complete = m_writer == nullptr || m_writer->HasFailed() || m_writer->Flush();
     m_direct_writer = nullptr;
     m_direct_reader = nullptr;
+    m_output = nullptr;
+    m_input = nullptr;
     m_writer.reset();
     m_reader.reset();
     m_medium.reset();
