@@ -6,10 +6,13 @@
 #include <exception>
 #include <fstream>
 #include <iostream>
+#include <iterator>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "bench/bmp_bench.h"
+#include "bench/jpeg_bench.h"
 #include "bench/report.h"
 #include "bench/runner.h"
 #include "bench/store_bench.h"
@@ -60,7 +63,12 @@ Options parse(int count, char** arguments) {
 }
 
 std::vector<Entry> all_entries() {
-    return lvx_bench::store_benchmarks();
+    std::vector<Entry> entries;
+    for (const auto& group :
+         {lvx_bench::store_benchmarks(), lvx_bench::bmp_benchmarks(), lvx_bench::jpeg_benchmarks()}) {
+        entries.insert(entries.end(), group.begin(), group.end());
+    }
+    return entries;
 }
 
 // "store" names all of its group, "store/file-read" the one.

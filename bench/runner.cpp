@@ -1,11 +1,11 @@
 #include "bench/runner.h"
 
 #include <malloc.h>
-#include <stdlib.h>
 #include <sched.h>
 #include <time.h>
 
 #include <cerrno>
+#include <cstdlib>
 #include <stdexcept>
 #include <system_error>
 
@@ -32,10 +32,25 @@ struct Sample {
     bool disturbed;
 };
 
+// Memory that was given back stays with the process, as in one that has worked with large documents before;
+// blocks of 32 MiB and more, malloc's own limit, come fresh from the system. So what is measured is the
+// libraries and not how the system hands out pages.
+void keep_heap() {
+    mallopt(M_MMAP_THRESHOLD, 32 * 1024 * 1024);
+    mallopt(M_TRIM_THRESHOLD, 1024 * 1024 * 1024);
+}
+
+// Joins what the run before has freed, as freeing a large block does: no run is to find the gaps of its
+// forerunner.
+void settle_heap() {
+    constexpr std::size_t large = 128 * 1024;
+    void* volatile block = std::malloc(large);
+    std::free(block);
+}
+
 Sample take_sample(const Contender& contender) {
     call(contender.prepare);
-    // Each run finds the heap of a program that has just started, not the gaps that its forerunner left.
-    if (!getenv("NOTRIM")) malloc_trim(0); else free(malloc(100000));
+    settle_heap();
     const double cpu_start = nanoseconds(CLOCK_THREAD_CPUTIME_ID);
     const double start = nanoseconds(CLOCK_MONOTONIC);
     contender.run();
@@ -91,6 +106,7 @@ Result compare(const Benchmark& benchmark, const std::string& peer, const std::v
 }  // namespace
 
 std::vector<Result> measure(const Benchmark& benchmark, int rounds) {
+    keep_heap();
     compare_fingerprints(benchmark);
     std::vector<std::vector<double>> samples(benchmark.contenders.size());
     for (int round = 0; round < rounds; ++round) {
