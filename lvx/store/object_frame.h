@@ -31,25 +31,26 @@ inline void encode_tagged_number(char tag, std::uint32_t number, unsigned char* 
     encode(number, bytes + 1);
 }
 
-/// The beginning that all objects but the first of a class have, as it stands in the store.
+/// The beginning of an object as nearly all have it: a marker and a reference, or a marker, a class number
+/// and the tag of the body.
 class Frame {
 public:
-    static constexpr std::size_t size = 1 + tagged_number_size;
+    static constexpr std::size_t reference_size = 1 + tagged_number_size;
+    static constexpr std::size_t size = reference_size + 1;
 
-    /// Over `size` bytes that live as long as this is asked, or over none.
+    /// Over `size` bytes that live as long as this is asked, or over none. A reference is followed by
+    /// anything.
     explicit Frame(const unsigned char* bytes) : m_bytes(bytes) {}
 
     bool IsReference() const { return Has(reference_tag); }
-    bool IsClassNumber() const { return Has(class_number_tag); }
-    bool IsAscii() const { return static_cast<char>(m_bytes[0]) == ascii_marker; }
+    bool IsBody() const { return Has(class_number_tag) && At(size - 1) == body_tag; }
+    bool IsAscii() const { return At(0) == ascii_marker; }
     /// The id or the class number, as it is stored.
     std::int32_t Number() const { return static_cast<std::int32_t>(decode<std::uint32_t>(m_bytes + 2)); }
 
 private:
-    bool Has(char tag) const {
-        return m_bytes != nullptr && static_cast<char>(m_bytes[1]) == tag &&
-               is_marker(static_cast<char>(m_bytes[0]));
-    }
+    char At(std::size_t place) const { return static_cast<char>(m_bytes[place]); }
+    bool Has(char tag) const { return m_bytes != nullptr && At(1) == tag && is_marker(At(0)); }
 
     const unsigned char* m_bytes;
 };

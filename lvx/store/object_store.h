@@ -189,11 +189,12 @@ private:
     class Reading;
 
     long FindId(const Storable& object) const;
-    void WriteClass(const char* name);
+    void WriteClassAndBodyTag(const char* name);
     void ReadClassName();
     void ReadClassNumber();
+    bool IsClass(long number) const;
     void SelectClass(long number);
-    bool ReadTags(Storable*& object);
+    bool ReadFrame(Storable*& object);
     Storable* ReadReference(const Storable* target);
     Storable* FindObject(long id, const Storable* target) const;
     Storable* CreateObject();

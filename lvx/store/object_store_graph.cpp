@@ -29,12 +29,28 @@ char next_char(ObjectStore& store, Shortcuts& shortcuts) {
     return place != nullptr ? static_cast<char>(*place) : store.GetChar();
 }
 
-void put_tagged_number(ObjectStore& store, Shortcuts& shortcuts, char tag, long number) {
-    if (unsigned char* const place = shortcuts.Claim(tagged_number_size)) {
-        encode_tagged_number(tag, static_cast<std::uint32_t>(number), place);
+void refuse_deep_nesting() {
+    if (lvx::platform::stack_is_low()) {
+        throw ObjectStore::UnexpectedObject(std::string("objects nested too deeply"), "a storable");
+    }
+}
+
+void put_reference(ObjectStore& store, Shortcuts& shortcuts, char marker, long id) {
+    if (unsigned char* const place = shortcuts.Claim(Frame::reference_size)) {
+        *place = static_cast<unsigned char>(marker);
+        encode_tagged_number(reference_tag, static_cast<std::uint32_t>(id), place + 1);
         return;
     }
-    store << tag << number;
+    store << marker << reference_tag << id;
+}
+
+void put_class_and_body_tag(ObjectStore& store, Shortcuts& shortcuts, long number) {
+    if (unsigned char* const place = shortcuts.Claim(Frame::size - 1)) {
+        encode_tagged_number(class_number_tag, static_cast<std::uint32_t>(number), place);
+        place[tagged_number_size] = static_cast<unsigned char>(body_tag);
+        return;
+    }
+    store << class_number_tag << number << body_tag;
 }
 
 }  // namespace
@@ -83,16 +99,16 @@ ObjectStore& ObjectStore::operator<<(const Storable& object) {
     if (lvx::platform::stack_is_low()) {
         throw WriteFailure();
     }
-    // The marker stands in front of references too.
-    *this << (m_ascii ? ascii_marker : binary_marker);
+    // It stands in front of references too.
+    const char marker = m_ascii ? ascii_marker : binary_marker;
     const long id = m_tempObject ? -1 : FindId(object);
     if (id >= 0) {
-        put_tagged_number(*this, *m_shortcuts, reference_tag, id);
+        put_reference(*this, *m_shortcuts, marker, id);
     } else {
+        *this << marker;
         const char* const name = object.ClassName();
         AppendObjectToMap(&object);
-        WriteClass(name);
-        *this << body_tag;
+        WriteClassAndBodyTag(name);
         object.PutTo(*this);
     }
     // After the members: the first object among them is written in full too, and ends the effect.
@@ -104,39 +120,20 @@ long ObjectStore::FindId(const Storable& object) const {
     return m_objectMap.get() == nullptr ? -1 : m_objectMap->Find(&object);
 }
 
-void ObjectStore::WriteClass(const char* name) {
+void ObjectStore::WriteClassAndBodyTag(const char* name) {
     const long number = m_shortcuts->FindClass(name, m_classNames);
     if (number >= 0) {
-        put_tagged_number(*this, *m_shortcuts, class_number_tag, number);
+        put_class_and_body_tag(*this, *m_shortcuts, number);
         return;
     }
     *this << class_name_tag;
     Write(name, static_cast<unsigned int>(std::strlen(name)));
     Write("\r\n", 2);
     m_classNames.emplace_back(name);
+    *this << body_tag;
 }
 
 bool ObjectStore::ReadObjectOrClass(Storable*& object) {
-    const Frame frame(m_shortcuts->Peek(Frame::size));
-    if (frame.IsClassNumber()) {
-        m_ascii = frame.IsAscii();
-        const long number = frame.Number();
-        m_shortcuts->Skip(Frame::size);
-        SelectClass(number);
-        return true;
-    }
-    if (frame.IsReference() && m_objectList.get() != nullptr) {
-        m_ascii = frame.IsAscii();
-        const long id = frame.Number();
-        m_shortcuts->Skip(Frame::size);
-        object = FindObject(id, object);
-        return false;
-    }
-    return ReadTags(object);
-}
-
-// The forms that are rare, and all forms byte by byte.
-bool ObjectStore::ReadTags(Storable*& object) {
     for (;;) {
         const char tag = next_char(*this, *m_shortcuts);
         switch (tag) {
@@ -201,34 +198,57 @@ void ObjectStore::ReadClassName() {
 void ObjectStore::ReadClassNumber() {
     long number = 0;
     *this >> number;
+    if (!IsClass(number)) {
+        throw UnexpectedObject(std::string("Reference to nonexistant class."), "");
+    }
     SelectClass(number);
 }
 
+bool ObjectStore::IsClass(long number) const {
+    return number >= 0 && static_cast<std::size_t>(number) < m_classNames.size();
+}
+
 void ObjectStore::SelectClass(long number) {
-    if (number < 0 || static_cast<std::size_t>(number) >= m_classNames.size()) {
-        throw UnexpectedObject(std::string("Reference to nonexistant class."), "");
-    }
     if (number != m_shortcuts->last_class) {
         m_className = m_classNames[static_cast<std::size_t>(number)];
         m_shortcuts->last_class = number;
     }
 }
 
+// The two forms that nearly all objects have, in one piece. False, and nothing consumed, for all else: other
+// forms, damage, and what does not lie at hand as a whole are read tag by tag.
+bool ObjectStore::ReadFrame(Storable*& object) {
+    const Frame frame(m_shortcuts->Peek(Frame::size));
+    if (frame.IsReference() && m_objectList.get() != nullptr) {
+        m_ascii = frame.IsAscii();
+        const long id = frame.Number();
+        m_shortcuts->Skip(Frame::reference_size);
+        object = FindObject(id, object);
+        return true;
+    }
+    if (frame.IsBody() && IsClass(frame.Number())) {
+        m_ascii = frame.IsAscii();
+        SelectClass(frame.Number());
+        m_shortcuts->Skip(Frame::size);
+        object = CreateObject();
+        return true;
+    }
+    return false;
+}
+
 ObjectStore& ObjectStore::operator>>(Storable*& object) {
-    if (!ReadObjectOrClass(object)) {
+    if ((m_create && ReadFrame(object)) || !ReadObjectOrClass(object)) {
         return *this;
     }
     const char body = next_char(*this, *m_shortcuts);
     if (body != body_tag) {
         throw UnexpectedObject(body, "a storable");
     }
-    if (lvx::platform::stack_is_low()) {
-        throw UnexpectedObject(std::string("objects nested too deeply"), "a storable");
-    }
     if (m_create) {
         object = CreateObject();
         return *this;
     }
+    refuse_deep_nesting();
     m_create = true;
     if (object == nullptr || m_className != object->ClassName()) {
         throw UnexpectedObject(m_className, expected_class(object));
@@ -239,6 +259,7 @@ ObjectStore& ObjectStore::operator>>(Storable*& object) {
 }
 
 Storable* ObjectStore::CreateObject() {
+    refuse_deep_nesting();
     const auto number = static_cast<std::size_t>(m_shortcuts->last_class);
     const ObjectFactory::Creator creator = m_shortcuts->FindCreator(number, m_className);
     if (creator == nullptr) {

@@ -57,7 +57,7 @@ public:
     /// Consumes `size` bytes. Requires: Peek gave them.
     void Skip(std::size_t size) {
         if (m_direct_reader != nullptr) {
-            m_direct_reader->Take(size);
+            m_direct_reader->Skip(size);
         } else {
             StreamArea::Skip(*m_input, size);
         }
@@ -77,7 +77,13 @@ public:
     /// The place of `name` in `class_names`, or -1.
     long FindClass(const char* name, const std::vector<std::string>& class_names);
     /// The creator of the class numbered `number`, or null if it is not registered.
-    ObjectFactory::Creator FindCreator(std::size_t number, const std::string& name);
+    ObjectFactory::Creator FindCreator(std::size_t number, const std::string& name) {
+        // The factory keeps the first creator of a name, so what was found stays true.
+        if (number < m_creators.size() && m_creators[number] != nullptr) {
+            return m_creators[number];
+        }
+        return AskFactory(number, name);
+    }
 
     /// A read that ended early without an exception, as those of ObjectStoreStream do: the value is zero
     /// then.
@@ -89,6 +95,8 @@ public:
     std::size_t abandoned_end = 0;
 
 private:
+    ObjectFactory::Creator AskFactory(std::size_t number, const std::string& name);
+
     struct KnownName {
         const char* name = nullptr;
         std::size_t number = 0;
