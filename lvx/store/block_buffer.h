@@ -73,6 +73,12 @@ public:
         return place;
     }
 
+    /// The same, but they are not consumed.
+    const unsigned char* Peek(std::size_t size) const { return InBlock() < size ? nullptr : m_next; }
+
+    /// Consumes `size` bytes. Requires: Peek gave them.
+    void Skip(std::size_t size) { m_next += size; }
+
     /// False if fewer than `size` bytes were left; those are consumed then.
     bool Read(void* data, std::size_t size);
     /// The next byte, 0 to 255, or -1 at the end.

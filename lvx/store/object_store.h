@@ -189,10 +189,14 @@ private:
     class Reading;
 
     long FindId(const Storable& object) const;
-    void WriteClass(const char* name);
+    void WriteClassAndBodyTag(const char* name);
     void ReadClassName();
     void ReadClassNumber();
+    bool IsClass(long number) const;
+    void SelectClass(long number);
+    bool ReadFrame(Storable*& object);
     Storable* ReadReference(const Storable* target);
+    Storable* FindObject(long id, const Storable* target) const;
     Storable* CreateObject();
     bool MayDelete(const Storable* object) const;
     [[noreturn]] void RefuseAsString(Storable* object);

@@ -3,19 +3,14 @@
 #include <cstring>
 
 #include "lvx/platform/stack.h"
+#include "lvx/store/object_frame.h"
 #include "lvx/store/object_map.h"
 #include "lvx/store/object_store.h"
 #include "lvx/store/shortcuts.h"
 
 namespace {
 
-constexpr char ascii_marker = 'A';
-constexpr char binary_marker = 'B';
-constexpr char reference_tag = 'O';
-constexpr char class_number_tag = 'C';
-constexpr char class_name_tag = 'c';
-constexpr char body_tag = 'o';
-constexpr char null_tag = '0';
+using namespace lvx::store;
 
 // Documents hold longer names than the library reads back; see Storable::ClassName.
 constexpr int class_name_buffer = 50;
@@ -29,13 +24,33 @@ const char* expected_class(const Storable* target) {
     return target == nullptr ? "an object" : target->ClassName();
 }
 
-char next_char(ObjectStore& store, lvx::store::Shortcuts& shortcuts) {
-    if (auto* const reader = shortcuts.GetDirectReader()) {
-        if (const unsigned char* const place = reader->Take(1)) {
-            return static_cast<char>(*place);
-        }
+char next_char(ObjectStore& store, Shortcuts& shortcuts) {
+    const unsigned char* const place = shortcuts.Take(1);
+    return place != nullptr ? static_cast<char>(*place) : store.GetChar();
+}
+
+void refuse_deep_nesting() {
+    if (lvx::platform::stack_is_low()) {
+        throw ObjectStore::UnexpectedObject(std::string("objects nested too deeply"), "a storable");
     }
-    return store.GetChar();
+}
+
+void put_reference(ObjectStore& store, Shortcuts& shortcuts, char marker, long id) {
+    if (unsigned char* const place = shortcuts.Claim(Frame::reference_size)) {
+        *place = static_cast<unsigned char>(marker);
+        encode_tagged_number(reference_tag, static_cast<std::uint32_t>(id), place + 1);
+        return;
+    }
+    store << marker << reference_tag << id;
+}
+
+void put_class_and_body_tag(ObjectStore& store, Shortcuts& shortcuts, long number) {
+    if (unsigned char* const place = shortcuts.Claim(Frame::size - 1)) {
+        encode_tagged_number(class_number_tag, static_cast<std::uint32_t>(number), place);
+        place[tagged_number_size] = static_cast<unsigned char>(body_tag);
+        return;
+    }
+    store << class_number_tag << number << body_tag;
 }
 
 }  // namespace
@@ -66,7 +81,7 @@ private:
 
     // Each level of a deep nest ends here in turn; what an inner one has cleared is not cleared again.
     void Abandon() {
-        lvx::store::Shortcuts& shortcuts = *m_store.m_shortcuts;
+        Shortcuts& shortcuts = *m_store.m_shortcuts;
         const std::size_t size = Size();
         const bool cleared = shortcuts.abandoned_end == size && shortcuts.abandoned_begin >= m_begin;
         const std::size_t end = cleared ? shortcuts.abandoned_begin : size;
@@ -87,16 +102,16 @@ ObjectStore& ObjectStore::operator<<(const Storable& object) {
     if (lvx::platform::stack_is_low()) {
         throw WriteFailure();
     }
-    // The marker stands in front of references too.
-    *this << (m_ascii ? ascii_marker : binary_marker);
+    // It stands in front of references too.
+    const char marker = m_ascii ? ascii_marker : binary_marker;
     const long id = m_tempObject ? -1 : FindId(object);
     if (id >= 0) {
-        *this << reference_tag << id;
+        put_reference(*this, *m_shortcuts, marker, id);
     } else {
+        *this << marker;
         const char* const name = object.ClassName();
         AppendObjectToMap(&object);
-        WriteClass(name);
-        *this << body_tag;
+        WriteClassAndBodyTag(name);
         object.PutTo(*this);
     }
     // After the members: the first object among them is written in full too, and ends the effect.
@@ -108,16 +123,17 @@ long ObjectStore::FindId(const Storable& object) const {
     return m_objectMap.get() == nullptr ? -1 : m_objectMap->Find(&object);
 }
 
-void ObjectStore::WriteClass(const char* name) {
+void ObjectStore::WriteClassAndBodyTag(const char* name) {
     const long number = m_shortcuts->FindClass(name, m_classNames);
     if (number >= 0) {
-        *this << class_number_tag << number;
+        put_class_and_body_tag(*this, *m_shortcuts, number);
         return;
     }
     *this << class_name_tag;
     Write(name, static_cast<unsigned int>(std::strlen(name)));
     Write("\r\n", 2);
     m_classNames.emplace_back(name);
+    *this << body_tag;
 }
 
 bool ObjectStore::ReadObjectOrClass(Storable*& object) {
@@ -160,6 +176,10 @@ Storable* ObjectStore::ReadReference(const Storable* target) {
     }
     long id = 0;
     *this >> id;
+    return FindObject(id, target);
+}
+
+Storable* ObjectStore::FindObject(long id, const Storable* target) const {
     if (id < 0 || static_cast<std::size_t>(id) >= m_objectList->size()) {
         throw UnexpectedObject(std::string("Reference to nonexistant object."), "");
     }
@@ -181,30 +201,57 @@ void ObjectStore::ReadClassName() {
 void ObjectStore::ReadClassNumber() {
     long number = 0;
     *this >> number;
-    if (number < 0 || static_cast<std::size_t>(number) >= m_classNames.size()) {
+    if (!IsClass(number)) {
         throw UnexpectedObject(std::string("Reference to nonexistant class."), "");
     }
+    SelectClass(number);
+}
+
+bool ObjectStore::IsClass(long number) const {
+    return number >= 0 && static_cast<std::size_t>(number) < m_classNames.size();
+}
+
+void ObjectStore::SelectClass(long number) {
     if (number != m_shortcuts->last_class) {
         m_className = m_classNames[static_cast<std::size_t>(number)];
         m_shortcuts->last_class = number;
     }
 }
 
+// The two forms that nearly all objects have, in one piece. False, and nothing consumed, for all else: other
+// forms, damage, and what does not lie at hand as a whole are read tag by tag.
+bool ObjectStore::ReadFrame(Storable*& object) {
+    const Frame frame(m_shortcuts->Peek(Frame::size));
+    if (frame.IsReference() && m_objectList.get() != nullptr) {
+        m_ascii = frame.IsAscii();
+        const long id = frame.Number();
+        m_shortcuts->Skip(Frame::reference_size);
+        object = FindObject(id, object);
+        return true;
+    }
+    if (frame.IsBody() && IsClass(frame.Number())) {
+        m_ascii = frame.IsAscii();
+        SelectClass(frame.Number());
+        m_shortcuts->Skip(Frame::size);
+        object = CreateObject();
+        return true;
+    }
+    return false;
+}
+
 ObjectStore& ObjectStore::operator>>(Storable*& object) {
-    if (!ReadObjectOrClass(object)) {
+    if ((m_create && ReadFrame(object)) || !ReadObjectOrClass(object)) {
         return *this;
     }
     const char body = next_char(*this, *m_shortcuts);
     if (body != body_tag) {
         throw UnexpectedObject(body, "a storable");
     }
-    if (lvx::platform::stack_is_low()) {
-        throw UnexpectedObject(std::string("objects nested too deeply"), "a storable");
-    }
     if (m_create) {
         object = CreateObject();
         return *this;
     }
+    refuse_deep_nesting();
     m_create = true;
     if (object == nullptr || m_className != object->ClassName()) {
         throw UnexpectedObject(m_className, expected_class(object));
@@ -216,6 +263,7 @@ ObjectStore& ObjectStore::operator>>(Storable*& object) {
 }
 
 Storable* ObjectStore::CreateObject() {
+    refuse_deep_nesting();
     const auto number = static_cast<std::size_t>(m_shortcuts->last_class);
     const ObjectFactory::Creator creator = m_shortcuts->FindCreator(number, m_className);
     if (creator == nullptr) {

@@ -43,6 +43,9 @@ bool ObjectStoreStream::OpenStream(std::ostream* stream) {
     CloseStream();
     m_mode = ForWrite;
     m_output = stream;
+    if (stream != nullptr && typeid(*this) == typeid(ObjectStoreStream)) {
+        GetShortcuts().AttachStream(*stream);
+    }
     return IsOpen();
 }
 
@@ -51,6 +54,7 @@ bool ObjectStoreStream::OpenStream(std::istream* stream) {
     m_mode = ForRead;
     m_input = stream;
     if (stream != nullptr && typeid(*this) == typeid(ObjectStoreStream)) {
+        GetShortcuts().AttachStream(*stream);
         GetShortcuts().AttachMeasure(std::make_unique<StreamLength>(*stream));
     }
     return IsOpen();

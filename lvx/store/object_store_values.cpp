@@ -14,30 +14,36 @@ using lvx::store::Shortcuts;
 // A string object of the older writer, which had a class of its own for them.
 constexpr const char* older_string_class = "VString";
 
+// What is not at hand goes through the store's operations. They stay out of the operators' way: an operator
+// that calls nothing saves no registers.
 template <class Unsigned>
-void put(ObjectStore& store, Shortcuts& shortcuts, Unsigned value) {
-    if (auto* const writer = shortcuts.GetDirectWriter()) {
-        if (unsigned char* const place = writer->Claim(sizeof(Unsigned))) {
-            lvx::store::encode(value, place);
-            return;
-        }
-    }
+[[gnu::noinline]] void put_by_write(ObjectStore& store, Unsigned value) {
     unsigned char bytes[sizeof(Unsigned)];
     lvx::store::encode(value, bytes);
     store.Write(bytes, sizeof bytes);
 }
 
 template <class Unsigned>
-Unsigned get(ObjectStore& store, Shortcuts& shortcuts) {
-    if (auto* const reader = shortcuts.GetDirectReader()) {
-        if (const unsigned char* const place = reader->Take(sizeof(Unsigned))) {
-            return lvx::store::decode<Unsigned>(place);
-        }
-    }
+[[gnu::noinline]] Unsigned get_by_read(ObjectStore& store, Shortcuts& shortcuts) {
     unsigned char bytes[sizeof(Unsigned)] = {};
     shortcuts.fell_short = false;
     store.Read(bytes, sizeof bytes);
     return shortcuts.fell_short ? Unsigned{0} : lvx::store::decode<Unsigned>(bytes);
+}
+
+template <class Unsigned>
+inline void put(ObjectStore& store, Shortcuts& shortcuts, Unsigned value) {
+    if (unsigned char* const place = shortcuts.Claim(sizeof(Unsigned))) {
+        lvx::store::encode(value, place);
+    } else {
+        put_by_write(store, value);
+    }
+}
+
+template <class Unsigned>
+inline Unsigned get(ObjectStore& store, Shortcuts& shortcuts) {
+    const unsigned char* const place = shortcuts.Take(sizeof(Unsigned));
+    return place != nullptr ? lvx::store::decode<Unsigned>(place) : get_by_read<Unsigned>(store, shortcuts);
 }
 
 // A length as it is stored; there is no form for one that needs more than an int.

@@ -24,6 +24,8 @@ bool Shortcuts::Detach() {
     const bool complete = m_writer == nullptr || m_writer->HasFailed() || m_writer->Flush();
     m_direct_writer = nullptr;
     m_direct_reader = nullptr;
+    m_output = nullptr;
+    m_input = nullptr;
     m_writer.reset();
     m_reader.reset();
     m_medium.reset();
@@ -52,14 +54,11 @@ long Shortcuts::FindClass(const char* name, const std::vector<std::string>& clas
     return static_cast<long>(known.number);
 }
 
-ObjectFactory::Creator Shortcuts::FindCreator(std::size_t number, const std::string& name) {
+ObjectFactory::Creator Shortcuts::AskFactory(std::size_t number, const std::string& name) {
     if (number >= m_creators.size()) {
         m_creators.resize(number + 1, nullptr);
     }
-    // The factory keeps the first creator of a name, so what was found stays true.
-    if (m_creators[number] == nullptr) {
-        m_creators[number] = ObjectFactory::Find(name);
-    }
+    m_creators[number] = ObjectFactory::Find(name);
     return m_creators[number];
 }
 

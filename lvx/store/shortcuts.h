@@ -15,6 +15,7 @@
 
 #include "lvx/store/block_buffer.h"
 #include "lvx/store/object_factory.h"
+#include "lvx/store/stream_area.h"
 
 namespace lvx::store {
 
@@ -24,7 +25,10 @@ public:
     /// store is of the library's own class and not of one derived from it.
     void AttachWriter(std::unique_ptr<Medium> medium, bool own_class);
     void AttachReader(std::unique_ptr<Medium> medium, bool own_class);
-    /// A medium without a block buffer, of which only the length is of use.
+    /// A standard stream in place of a buffer of our own; for stores of the library's own class only.
+    void AttachStream(std::ostream& stream) { m_output = &stream; }
+    void AttachStream(std::istream& stream) { m_input = &stream; }
+    /// The length of a medium without a block buffer.
     void AttachMeasure(std::unique_ptr<Measurable> measure);
     /// Hands the last block over and forgets the medium. False if that failed and nobody has been told yet.
     bool Detach();
@@ -33,15 +37,53 @@ public:
     BlockWriter* GetWriter() const { return m_writer.get(); }
     BlockReader* GetReader() const { return m_reader.get(); }
     /// The same, but null unless the operators may reach into it.
-    BlockWriter* GetDirectWriter() const { return m_direct_writer; }
     BlockReader* GetDirectReader() const { return m_direct_reader; }
+
+    /// Room for `size` bytes, which count as written. Null if the operators may not reach past Write, or the
+    /// medium has not that much room at hand: Write does what is to be done then.
+    unsigned char* Claim(std::size_t size) {
+        if (m_direct_writer != nullptr) {
+            return m_direct_writer->Claim(size);
+        }
+        return m_output != nullptr ? StreamArea::Claim(*m_output, size) : nullptr;
+    }
+    /// The next `size` bytes without consuming them, or null, likewise.
+    const unsigned char* Peek(std::size_t size) const {
+        if (m_direct_reader != nullptr) {
+            return m_direct_reader->Peek(size);
+        }
+        return m_input != nullptr ? StreamArea::Peek(*m_input, size) : nullptr;
+    }
+    /// Consumes `size` bytes. Requires: Peek gave them.
+    void Skip(std::size_t size) {
+        if (m_direct_reader != nullptr) {
+            m_direct_reader->Skip(size);
+        } else {
+            StreamArea::Skip(*m_input, size);
+        }
+    }
+    /// The next `size` bytes, consumed, or null, likewise.
+    const unsigned char* Take(std::size_t size) {
+        const unsigned char* const place = Peek(size);
+        if (place != nullptr) {
+            Skip(size);
+        }
+        return place;
+    }
+
     /// The bytes that the medium can still deliver, as far as that is known.
     std::optional<std::uint64_t> Remaining() const;
 
     /// The place of `name` in `class_names`, or -1.
     long FindClass(const char* name, const std::vector<std::string>& class_names);
     /// The creator of the class numbered `number`, or null if it is not registered.
-    ObjectFactory::Creator FindCreator(std::size_t number, const std::string& name);
+    ObjectFactory::Creator FindCreator(std::size_t number, const std::string& name) {
+        // The factory keeps the first creator of a name, so what was found stays true.
+        if (number < m_creators.size() && m_creators[number] != nullptr) {
+            return m_creators[number];
+        }
+        return AskFactory(number, name);
+    }
 
     /// A read that ended early without an exception, as those of ObjectStoreStream do: the value is zero
     /// then.
@@ -57,6 +99,8 @@ public:
     std::vector<const Storable*> lent;
 
 private:
+    ObjectFactory::Creator AskFactory(std::size_t number, const std::string& name);
+
     struct KnownName {
         const char* name = nullptr;
         std::size_t number = 0;
@@ -68,6 +112,8 @@ private:
     std::unique_ptr<BlockReader> m_reader;
     BlockWriter* m_direct_writer = nullptr;
     BlockReader* m_direct_reader = nullptr;
+    std::ostream* m_output = nullptr;
+    std::istream* m_input = nullptr;
     // By the address of the name, which is the same at each call for all but a few classes.
     std::array<KnownName, 32> m_known_names;
     std::vector<ObjectFactory::Creator> m_creators;

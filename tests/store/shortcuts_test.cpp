@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
+#include <string>
+#include <utility>
+
 #include "support/shapes.h"
 
 using lvx::store::Shortcuts;
@@ -23,6 +27,19 @@ private:
     bool m_accepts;
 };
 
+class TextMedium : public lvx::store::Medium {
+public:
+    explicit TextMedium(std::string text) : m_text(std::move(text)) {}
+    std::size_t Fetch(void* data, std::size_t size) override {
+        return std::exchange(m_text, "").copy(static_cast<char*>(data), size);
+    }
+    bool Deliver(const void*, std::size_t) override { return false; }
+    std::optional<std::uint64_t> Remaining() override { return m_text.size(); }
+
+private:
+    std::string m_text;
+};
+
 }  // namespace
 
 TEST(Shortcuts, detaching_hands_the_last_block_over) {
@@ -34,7 +51,7 @@ TEST(Shortcuts, detaching_hands_the_last_block_over) {
     EXPECT_TRUE(shortcuts.Detach());
     EXPECT_EQ("abc", delivered);
     EXPECT_EQ(nullptr, shortcuts.GetWriter());
-    EXPECT_EQ(nullptr, shortcuts.GetDirectWriter());
+    EXPECT_EQ(nullptr, shortcuts.Claim(1));
 }
 
 TEST(Shortcuts, a_loss_is_told_once) {
@@ -55,7 +72,7 @@ TEST(Shortcuts, a_hosts_class_is_not_reached_past_its_operations) {
     Shortcuts shortcuts;
     shortcuts.AttachWriter(std::make_unique<CountingMedium>(delivered, true), false);
     EXPECT_NE(nullptr, shortcuts.GetWriter());
-    EXPECT_EQ(nullptr, shortcuts.GetDirectWriter());
+    EXPECT_EQ(nullptr, shortcuts.Claim(1));
     shortcuts.Detach();
     shortcuts.AttachReader(std::make_unique<CountingMedium>(delivered, true), false);
     EXPECT_NE(nullptr, shortcuts.GetReader());
@@ -87,4 +104,49 @@ TEST(Shortcuts, a_class_registered_later_is_found_later) {
     EXPECT_EQ(nullptr, shortcuts.FindCreator(3, "ShortcutsLate"));
     ObjectFactory::Register("ShortcutsLate", ObjectFactory::CreateStorable<lvx_test::Node>);
     EXPECT_EQ(&ObjectFactory::CreateStorable<lvx_test::Node>, shortcuts.FindCreator(3, "ShortcutsLate"));
+}
+
+TEST(Shortcuts, bytes_of_a_stream_are_taken_where_they_lie) {
+    std::istringstream stream("abcdef");
+    Shortcuts shortcuts;
+    EXPECT_EQ(nullptr, shortcuts.Peek(1)) << "nothing is attached";
+    shortcuts.AttachStream(stream);
+    ASSERT_NE(nullptr, shortcuts.Take(2));
+    const unsigned char* const next = shortcuts.Peek(4);
+    ASSERT_NE(nullptr, next);
+    EXPECT_EQ("cdef", std::string(reinterpret_cast<const char*>(next), 4));
+    EXPECT_EQ(2, stream.tellg());
+    EXPECT_EQ(nullptr, shortcuts.Take(5)) << "there are four";
+    shortcuts.Skip(4);
+    EXPECT_EQ(6, stream.tellg());
+    shortcuts.Detach();
+    stream.seekg(0);
+    EXPECT_EQ(nullptr, shortcuts.Peek(1));
+}
+
+TEST(Shortcuts, room_in_a_stream_counts_as_written) {
+    std::ostringstream stream;
+    stream << 'x';
+    Shortcuts shortcuts;
+    shortcuts.AttachStream(stream);
+    unsigned char* const place = shortcuts.Claim(2);
+    ASSERT_NE(nullptr, place);
+    place[0] = 'a';
+    place[1] = 'b';
+    EXPECT_EQ("xab", stream.str());
+    EXPECT_EQ(nullptr, shortcuts.Claim(1'000'000));
+    shortcuts.Detach();
+    EXPECT_EQ(nullptr, shortcuts.Claim(1));
+}
+
+TEST(Shortcuts, bytes_of_a_block_can_be_looked_at_before_they_are_taken) {
+    Shortcuts shortcuts;
+    shortcuts.AttachReader(std::make_unique<TextMedium>("abc"), true);
+    EXPECT_EQ(nullptr, shortcuts.Peek(1)) << "nothing was fetched";
+    EXPECT_EQ('a', shortcuts.GetReader()->Get());
+    ASSERT_NE(nullptr, shortcuts.Peek(2));
+    EXPECT_EQ('b', *shortcuts.Peek(2));
+    EXPECT_EQ(nullptr, shortcuts.Peek(3));
+    shortcuts.Skip(1);
+    EXPECT_EQ('c', shortcuts.GetReader()->Get());
 }

@@ -7,6 +7,8 @@
 namespace lvx::platform {
 namespace {
 
+constexpr std::uintptr_t unknown = ~std::uintptr_t{0};
+
 std::uintptr_t find_low_mark() {
     pthread_attr_t attributes;
     if (pthread_getattr_np(pthread_self(), &attributes) != 0) {
@@ -22,8 +24,12 @@ std::uintptr_t find_low_mark() {
 }  // namespace
 
 bool stack_is_low() {
-    // Asked once per thread: the C library reads the process's memory map to answer.
-    thread_local const std::uintptr_t mark = find_low_mark();
+    // Asked once per thread: the C library reads the process's memory map to answer. The variable lies at a fixed
+    // distance in the thread's block, since this is called for every object and a look-up of it would show.
+    [[gnu::tls_model("initial-exec")]] thread_local constinit std::uintptr_t mark = unknown;
+    if (mark == unknown) {
+        mark = find_low_mark();
+    }
     return reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0)) < mark;
 }
 
