@@ -3,6 +3,8 @@
 // Everything that the library offers on this system.
 #pragma once
 
+#include "lvx/images/dibitmap.h"
+#include "lvx/images/global_locker.h"
 #include "lvx/store/object_factory.h"
 #include "lvx/store/object_store.h"
 #include "lvx/store/object_store_file.h"

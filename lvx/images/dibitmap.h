@@ -40,7 +40,7 @@ public:
     /// Kinds of files. AnyFormat tries a bitmap file and then a JPEG file; it saves a bitmap file.
     enum Format : int { DIB = 0, JPEG = 1, AnyFormat = 2 };
 
-    class Strategy;
+    class LVX_HIDDEN Strategy;
 
     /// Reads a file. Throws these texts as const char*: "Not a valid bitmap" if `format` is DIB and the file
     /// is none or cannot be read; "No such file." if it is not DIB and the file cannot be opened; "Invalid
@@ -124,9 +124,9 @@ public:
     static bool FixUp;
 
 private:
-    void ReplaceByFile(std::uint64_t size);
-    std::uint64_t GetClrTabOffset() const;
-    std::uint64_t GetBitsOffset() const;
+    LVX_HIDDEN void ReplaceByFile(std::uint64_t size);
+    LVX_HIDDEN std::uint64_t GetClrTabOffset() const;
+    LVX_HIDDEN std::uint64_t GetBitsOffset() const;
 
     Ownership m_ownership;
     void* m_block;

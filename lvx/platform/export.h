@@ -1,6 +1,7 @@
 // lvx/platform/export.h
 //
-// LVX_EXPORT marks what hosts may use; everything else stays inside the shared library.
+// LVX_EXPORT marks what hosts may use; everything else stays inside the shared library. LVX_HIDDEN marks what
+// stays inside although it is nested in a class that hosts may use.
 #pragma once
 
 #ifdef _WIN32
@@ -9,6 +10,8 @@
 #else
 #define LVX_EXPORT __declspec(dllimport)
 #endif
+#define LVX_HIDDEN
 #else
 #define LVX_EXPORT __attribute__((visibility("default")))
+#define LVX_HIDDEN __attribute__((visibility("hidden")))
 #endif

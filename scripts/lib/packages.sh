@@ -3,8 +3,8 @@
 # shellcheck disable=SC2034  # the lists are for the scripts
 
 packages_build=(ca-certificates ccache cmake g++ make ninja-build python3 util-linux)
-packages_linux=("${packages_build[@]}" libgmock-dev libgsf-1-dev libgtest-dev libjpeg-dev libre2-dev
-    libsimpleini-dev pkg-config)
+packages_linux=("${packages_build[@]}" libgmock-dev libgsf-1-dev libgtest-dev libjpeg-dev libpng-dev
+    libre2-dev libsimpleini-dev pkg-config)
 # The development packages tell which versions the Windows libraries are made from.
 packages_windows=("${packages_build[@]}" dpkg-dev googletest libjpeg-dev libre2-dev nasm
     unicode-data wine wine64 xauth xvfb)
