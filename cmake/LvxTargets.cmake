@@ -33,8 +33,6 @@ function(lvx_add_tests name)
   # Tests are compiled far more often than they run: half the time that the library's own options take.
   target_compile_options(${name} PRIVATE -O1 -g1)
   target_link_libraries(${name} PRIVATE lvx::lvx lvx_test_support GTest::gmock_main)
-  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/tests)
-  target_compile_definitions(${name} PRIVATE LVX_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data")
   add_test(NAME ${name}
     COMMAND ${name} --gtest_brief=1 --gtest_output=xml:results/${name}.xml
     WORKING_DIRECTORY ${CMAKE_BINARY_DIR})

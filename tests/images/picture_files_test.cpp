@@ -11,6 +11,7 @@
 #include "images/picture_bytes.h"
 #include "images/reference_picture.h"
 #include "lvx/images/dibitmap.h"
+#include "support/places.h"
 #include "support/shared_data.h"
 #include "support/temp_folder.h"
 
@@ -78,7 +79,7 @@ TEST(BitmapFiles, all_give_the_block_that_their_bytes_make) {
 
 TEST(SamplePictures, give_the_block_that_their_bytes_make) {
     int count = 0;
-    for (const auto& entry : std::filesystem::directory_iterator(LVX_TEST_PICTURES)) {
+    for (const auto& entry : std::filesystem::directory_iterator(lvx_test::own_data() + "/pictures")) {
         if (entry.path().extension() == ".bmp") {
             const DIBitmap bitmap(entry.path().string(), DIBitmap::AnyFormat);
             EXPECT_TRUE(expected_block(lvx_test::read_file(entry.path().string())) == block_of(bitmap))
@@ -92,7 +93,7 @@ TEST(SamplePictures, give_the_block_that_their_bytes_make) {
 TEST(SamplePictures, of_24_bits_are_saved_and_loaded_without_a_difference) {
     const lvx_test::TempFolder folder;
     for (const char* const name : {"rgb24.bmp", "testorig.jpg", "testimgint.jpg"}) {
-        DIBitmap bitmap(LVX_TEST_PICTURES "/" + std::string(name), DIBitmap::AnyFormat);
+        DIBitmap bitmap(lvx_test::own_data() + "/pictures/" + name, DIBitmap::AnyFormat);
         bitmap.SaveAs(folder.File(name), DIBitmap::DIB);
         const DIBitmap again(folder.File(name), DIBitmap::DIB);
         EXPECT_TRUE(block_of(bitmap) == block_of(again)) << name;

@@ -6,12 +6,14 @@
 #include <iostream>
 #include <string>
 
+#include "support/places.h"
+
 namespace lvx_test {
 
 /// The folder of shared files: what LVX_SHARED_DATA names, else shared/data beside the source tree.
 inline std::filesystem::path shared_data() {
     const char* const named = std::getenv("LVX_SHARED_DATA");
-    return named != nullptr && *named != '\0' ? named : LVX_TEST_SHARED_DATA;
+    return named != nullptr && *named != '\0' ? std::string(named) : usual_shared_data();
 }
 
 /// Whether there are shared files in `folder`. Tells in one line if not, once per call.
