@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "bench/bmp_bench.h"
+#include "bench/compound_bench.h"
 #include "bench/jpeg_bench.h"
 #include "bench/report.h"
 #include "bench/runner.h"
@@ -64,8 +65,8 @@ Options parse(int count, char** arguments) {
 
 std::vector<Entry> all_entries() {
     std::vector<Entry> entries;
-    for (const auto& group :
-         {lvx_bench::store_benchmarks(), lvx_bench::bmp_benchmarks(), lvx_bench::jpeg_benchmarks()}) {
+    for (const auto& group : {lvx_bench::store_benchmarks(), lvx_bench::compound_benchmarks(),
+                              lvx_bench::bmp_benchmarks(), lvx_bench::jpeg_benchmarks()}) {
         entries.insert(entries.end(), group.begin(), group.end());
     }
     return entries;

@@ -12,68 +12,43 @@ std::uintptr_t address_of(const Storable* object) {
     return reinterpret_cast<std::uintptr_t>(object);
 }
 
+// Where the search for `address` begins. A kilobyte of memory has its objects side by side from some place
+// on, which is as good as random, so that neither dense objects nor those at regular distances pile up.
+std::size_t preferred_place(std::uintptr_t address) {
+    constexpr std::uintptr_t region = 1024;
+    constexpr std::uintptr_t distance = 16;
+    const std::uint64_t mixed = (std::uint64_t{address} / region) * 0x9E3779B97F4A7C15u;
+    return static_cast<std::size_t>((mixed >> 32) + address % region / distance);
+}
+
 }  // namespace
 
 long ObjectMap::Find(const Storable* object) const {
-    const std::uintptr_t address = address_of(object);
-    if (address % granularity != 0) {
-        const auto found = m_misaligned.find(object);
-        return found == m_misaligned.end() ? -1 : static_cast<long>(found->second) - 1;
+    if (m_table.empty()) {
+        return -1;
     }
-    const Page* page = FindPage(address / page_bytes);
-    return page == nullptr ? -1 : static_cast<long>(page->slots[address % page_bytes / granularity]) - 1;
+    return static_cast<long>(m_table[Probe(address_of(object))].number) - 1;
 }
 
 void ObjectMap::Append(const Storable* object) {
     if (m_size == std::numeric_limits<std::int32_t>::max()) {
         throw std::length_error("ObjectMap: all ids are used up");
     }
-    const std::uintptr_t address = address_of(object);
-    std::uint32_t& slot = address % granularity != 0
-                              ? m_misaligned[object]
-                              : MakePage(address / page_bytes).slots[address % page_bytes / granularity];
-    if (slot == 0) {
-        slot = static_cast<std::uint32_t>(++m_size);
-    }
-}
-
-const ObjectMap::Page* ObjectMap::FindPage(std::uintptr_t number) const {
-    if (m_last.page != nullptr && m_last.number == number) {
-        return m_last.page;
-    }
-    if (m_table.empty()) {
-        return nullptr;
-    }
-    const Entry& entry = m_table[Probe(number)];
-    if (entry.page != nullptr) {
-        m_last = entry;
-    }
-    return entry.page;
-}
-
-ObjectMap::Page& ObjectMap::MakePage(std::uintptr_t number) {
-    if (m_last.page != nullptr && m_last.number == number) {
-        return *m_last.page;
-    }
-    // At most two thirds full, so that probing ends soon, and ends.
-    if (m_table.empty() || m_pages.size() * 3 >= m_table.size() * 2) {
+    if (static_cast<std::size_t>(m_size) * 2 >= m_table.size()) {
         Grow();
     }
-    Entry& entry = m_table[Probe(number)];
-    if (entry.page == nullptr) {
-        m_pages.push_back(std::make_unique<Page>());
-        entry = {number, m_pages.back().get()};
+    const std::uintptr_t address = address_of(object);
+    Entry& entry = m_table[Probe(address)];
+    if (entry.number == 0) {
+        entry = {address, static_cast<std::uint32_t>(++m_size)};
     }
-    m_last = entry;
-    return *entry.page;
 }
 
-// The place of `number` in the table: its entry, or the free one where it belongs.
-std::size_t ObjectMap::Probe(std::uintptr_t number) const {
+// The place of `address` in the table: its entry, or the free one where it belongs. At least half is free.
+std::size_t ObjectMap::Probe(std::uintptr_t address) const {
     const std::size_t mask = m_table.size() - 1;
-    // Neighbouring pages get neighbouring places; the upper bits are folded in to part distant regions.
-    std::size_t place = (number ^ (number >> 15)) & mask;
-    while (m_table[place].page != nullptr && m_table[place].number != number) {
+    std::size_t place = preferred_place(address) & mask;
+    while (m_table[place].number != 0 && m_table[place].address != address) {
         place = (place + 1) & mask;
     }
     return place;
@@ -83,8 +58,8 @@ void ObjectMap::Grow() {
     std::vector<Entry> old(m_table.empty() ? first_table_size : m_table.size() * 2);
     m_table.swap(old);
     for (const Entry& entry : old) {
-        if (entry.page != nullptr) {
-            m_table[Probe(entry.number)] = entry;
+        if (entry.number != 0) {
+            m_table[Probe(entry.address)] = entry;
         }
     }
 }

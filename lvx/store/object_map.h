@@ -1,14 +1,13 @@
 // lvx/store/object_map.h
 //
-// The ids of the objects that a store has written, by address. Objects lie close together, so the map keeps a
-// flat array of ids for each piece of address space that holds one, and finds the piece by hashing: that is a
-// tenth of what a tree of addresses costs, and saving spends most of its time here.
+// The ids of the objects that a store has written, by address: one flat table, in which objects that lie
+// close together in memory have places close together. Saving spends most of its time here, waiting for
+// memory, and a drawing's objects are mostly saved in the order in which they were made. Objects that lie
+// scattered cost one such wait each, and no object more than 64 bytes of table.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
-#include <map>
-#include <memory>
 #include <vector>
 
 #include "lvx/store/storable.h"
@@ -21,35 +20,24 @@ public:
     long Find(const Storable* object) const;
 
     /// Gives `object` the next id, counted from 0, unless it has one. Throws std::length_error when the ids
-    /// that a store can hold are used up.
+    /// that a store can hold are used up, and std::bad_alloc, unchanged.
     void Append(const Storable* object);
 
     long Size() const { return m_size; }
 
 private:
-    static constexpr std::size_t page_bytes = 1024;
-    static constexpr std::size_t granularity = alignof(Storable);
-
-    // Ids plus one, so that a fresh page holds no id.
-    struct Page {
-        std::uint32_t slots[page_bytes / granularity];
-    };
     struct Entry {
-        std::uintptr_t number;
-        Page* page;
+        std::uintptr_t address;
+        // The id plus one; 0 if the entry is free.
+        std::uint32_t number;
     };
 
-    const Page* FindPage(std::uintptr_t number) const;
-    Page& MakePage(std::uintptr_t number);
-    std::size_t Probe(std::uintptr_t number) const;
+    std::size_t Probe(std::uintptr_t address) const;
     void Grow();
 
-    long m_size = 0;
+    std::int32_t m_size = 0;
+    // Its size is a power of two, at least twice that of what it holds.
     std::vector<Entry> m_table;
-    std::vector<std::unique_ptr<Page>> m_pages;
-    mutable Entry m_last{0, nullptr};
-    // Objects in packed structures of a host.
-    std::map<const Storable*, std::uint32_t> m_misaligned;
 };
 
 }  // namespace lvx::store

@@ -196,7 +196,7 @@ private:
     void SelectClass(long number);
     bool ReadFrame(Storable*& object);
     Storable* ReadReference(const Storable* target);
-    Storable* FindObject(long id, const Storable* target) const;
+    bool IsObject(long id) const;
     Storable* CreateObject();
     bool MayDelete(const Storable* object) const;
     [[noreturn]] void RefuseAsString(Storable* object);

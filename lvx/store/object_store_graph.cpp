@@ -170,17 +170,17 @@ bool ObjectStore::ReadObjectOrClass(Storable*& object) {
     }
 }
 
+bool ObjectStore::IsObject(long id) const {
+    return m_objectList.get() != nullptr && id >= 0 && static_cast<std::size_t>(id) < m_objectList->size();
+}
+
 Storable* ObjectStore::ReadReference(const Storable* target) {
     if (m_objectList.get() == nullptr) {
         throw UnexpectedObject(std::string("an object"), "an object pointer");
     }
     long id = 0;
     *this >> id;
-    return FindObject(id, target);
-}
-
-Storable* ObjectStore::FindObject(long id, const Storable* target) const {
-    if (id < 0 || static_cast<std::size_t>(id) >= m_objectList->size()) {
+    if (!IsObject(id)) {
         throw UnexpectedObject(std::string("Reference to nonexistant object."), "");
     }
     Storable* const object = (*m_objectList)[static_cast<std::size_t>(id)];
@@ -222,11 +222,10 @@ void ObjectStore::SelectClass(long number) {
 // forms, damage, and what does not lie at hand as a whole are read tag by tag.
 bool ObjectStore::ReadFrame(Storable*& object) {
     const Frame frame(m_shortcuts->Peek(Frame::size));
-    if (frame.IsReference() && m_objectList.get() != nullptr) {
+    if (frame.IsReference() && IsObject(frame.Number())) {
         m_ascii = frame.IsAscii();
-        const long id = frame.Number();
+        object = (*m_objectList)[static_cast<std::size_t>(frame.Number())];
         m_shortcuts->Skip(Frame::reference_size);
-        object = FindObject(id, object);
         return true;
     }
     if (frame.IsBody() && IsClass(frame.Number())) {
@@ -262,7 +261,7 @@ ObjectStore& ObjectStore::operator>>(Storable*& object) {
     return *this;
 }
 
-Storable* ObjectStore::CreateObject() {
+[[gnu::noinline]] Storable* ObjectStore::CreateObject() {
     refuse_deep_nesting();
     const auto number = static_cast<std::size_t>(m_shortcuts->last_class);
     const ObjectFactory::Creator creator = m_shortcuts->FindCreator(number, m_className);

@@ -64,6 +64,19 @@ TEST(ObjectMap, takes_the_ends_of_the_address_space) {
     EXPECT_EQ(1, map.Find(at(0)));
 }
 
+TEST(ObjectMap, objects_at_regular_distances_stay_apart) {
+    for (const std::uintptr_t distance : {8u, 48u, 1024u, 4096u, 65536u}) {
+        ObjectMap map;
+        for (std::uintptr_t i = 0; i < 10000; ++i) {
+            map.Append(at(0x100000 + i * distance));
+        }
+        for (std::uintptr_t i = 0; i < 10000; ++i) {
+            ASSERT_EQ(static_cast<long>(i), map.Find(at(0x100000 + i * distance))) << distance;
+        }
+        EXPECT_EQ(-1, map.Find(at(0x100000 + 10000 * distance)));
+    }
+}
+
 TEST(ObjectMap, agrees_with_a_tree_of_addresses) {
     std::mt19937_64 random(20261121);
     ObjectMap map;
