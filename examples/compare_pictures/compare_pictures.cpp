@@ -1,22 +1,41 @@
-// Whether the pictures in a compound document are those in picture files, pixel by pixel.
+// Whether the pictures in a compound document are those in picture files, to the last byte of header, colour
+// table and pixels.
 //
 // usage: compare_pictures DOCUMENT (STREAM PICTURE)...
 //
 // Prints a line for each pair: the picture, its width and height in pixels, its depth, and "equal" or what
 // differs. Exits 0 if all are equal, 1 if one is not or cannot be read, 2 for a wrong call.
+#include <algorithm>
+#include <cstddef>
 #include <cstdlib>
-#include <cstring>
 #include <exception>
 #include <iostream>
 #include <memory>
+#include <sstream>
 #include <string>
+#include <vector>
 
 #include "lvx/images/dibitmap.h"
 #include "lvx/store/object_store_storage.h"
+#include "lvx/store/object_store_stream.h"
 
 namespace {
 
 using LVXUtilities::DIBitmap;
+
+using Bytes = std::vector<char>;
+
+constexpr std::ptrdiff_t header_size = 40;
+
+// The picture's block, as its class stores it: the length in 4 bytes, then the block.
+Bytes bytes_of(const DIBitmap& picture) {
+    std::ostringstream stream;
+    ObjectStoreStream store;
+    store.OpenStream(&stream);
+    picture.PutTo(store);
+    const std::string stored = stream.str();
+    return Bytes(stored.begin() + 4, stored.end());
+}
 
 // The picture that `lvxdoc pack` put into `stream`: a version, then the object.
 std::unique_ptr<Storable> stored_picture(const std::string& document, const std::string& stream) {
@@ -31,23 +50,17 @@ std::unique_ptr<Storable> stored_picture(const std::string& document, const std:
     return std::unique_ptr<Storable>(object);
 }
 
-// Rows are compared without their padding, from the bottom row up as they are stored. "" if all are equal.
+// Header, colour table and pixels. Blocks of memory may be longer than what was asked for, and one that was
+// stored keeps that length; what is beyond the shorter one is no part of the picture. "" if all is equal.
 std::string first_difference(const DIBitmap& stored, const DIBitmap& picture) {
-    if (stored.GetWidth() != picture.GetWidth() || stored.GetHeight() != picture.GetHeight() ||
-        stored.GetBitsPerPixel() != picture.GetBitsPerPixel()) {
-        return "another size or depth";
+    const Bytes first = bytes_of(stored);
+    const Bytes second = bytes_of(picture);
+    if (!std::equal(first.begin(), first.begin() + header_size, second.begin())) {
+        return "another header";
     }
-    const auto row_bits =
-        static_cast<std::size_t>(picture.GetWidth()) * static_cast<std::size_t>(picture.GetBitsPerPixel());
-    const auto stride = static_cast<std::size_t>(picture.GetStorageWidth());
-    const auto height = static_cast<std::size_t>(std::abs(picture.GetHeight()));
-    const auto stored_pixels = stored.GetBitsAddress();
-    const auto picture_pixels = picture.GetBitsAddress();
-    for (std::size_t row = 0; row < height; ++row) {
-        if (std::memcmp(stored_pixels.get() + row * stride, picture_pixels.get() + row * stride,
-                        (row_bits + 7) / 8) != 0) {
-            return "different pixels in row " + std::to_string(row);
-        }
+    const auto [place, other] = std::mismatch(first.begin(), first.end(), second.begin(), second.end());
+    if (place != first.end() && other != second.end()) {
+        return "different from byte " + std::to_string(place - first.begin()) + " on";
     }
     return "";
 }

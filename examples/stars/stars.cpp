@@ -64,11 +64,15 @@ void load(const char* name) {
     store.ReadVersion();
     Storable* object = nullptr;
     store >> object;
-    const std::unique_ptr<Star> star(dynamic_cast<Star*>(object));
+    const std::unique_ptr<Storable> owner(object);
+    const auto* const star = dynamic_cast<const Star*>(object);
+    if (star == nullptr || star->m_companion == nullptr || star->m_companion == star) {
+        throw lvx::runtime_error("this is no pair of stars");
+    }
     const std::unique_ptr<Star> companion(star->m_companion);
     std::cout << star->m_name << " (" << star->m_brightness << ") goes with " << companion->m_name << " ("
               << companion->m_brightness << ")\n"
-              << "and back: " << std::boolalpha << (companion->m_companion == star.get()) << '\n';
+              << "and back: " << std::boolalpha << (companion->m_companion == star) << '\n';
 }
 
 }  // namespace

@@ -17,29 +17,34 @@ BlockWriter::BlockWriter(Medium& medium)
       m_end(m_next + block_size) {}
 
 bool BlockWriter::Write(const void* data, std::size_t size) {
-    if (unsigned char* const place = Claim(size)) {
-        std::copy_n(static_cast<const unsigned char*>(data), size, place);
-        return true;
+    unsigned char* place = Claim(size);
+    if (place == nullptr) {
+        if (!Flush()) {
+            return false;
+        }
+        place = Claim(size);
     }
-    if (!Flush()) {
-        return false;
+    if (place == nullptr) {
+        return m_medium.Deliver(data, size) || Fail();
     }
-    if (unsigned char* const place = Claim(size)) {
-        std::copy_n(static_cast<const unsigned char*>(data), size, place);
-        return true;
-    }
-    m_failed = !m_medium.Deliver(data, size);
-    return !m_failed;
+    std::copy_n(static_cast<const unsigned char*>(data), size, place);
+    return true;
 }
 
 bool BlockWriter::Flush() {
-    const auto size = static_cast<std::size_t>(m_next - m_block.get());
-    m_next = m_block.get();
-    if (size != 0 && !m_medium.Deliver(m_block.get(), size)) {
-        m_failed = true;
+    if (m_failed) {
         return false;
     }
-    return true;
+    const auto size = static_cast<std::size_t>(m_next - m_block.get());
+    m_next = m_block.get();
+    return size == 0 || m_medium.Deliver(m_block.get(), size) || Fail();
+}
+
+// Leaves no room in the block. Always false.
+bool BlockWriter::Fail() {
+    m_failed = true;
+    m_next = m_end;
+    return false;
 }
 
 BlockReader::BlockReader(Medium& medium)
@@ -51,22 +56,28 @@ BlockReader::BlockReader(Medium& medium)
 
 bool BlockReader::Read(void* data, std::size_t size) {
     auto* target = static_cast<unsigned char*>(data);
-    const std::size_t buffered = std::min(size, InBlock());
-    target = std::copy_n(m_next, buffered, target);
-    m_next += buffered;
-    size -= buffered;
-    if (size >= block_size) {
+    for (;;) {
+        const std::size_t buffered = std::min(size, InBlock());
+        target = std::copy_n(m_next, buffered, target);
+        m_next += buffered;
+        size -= buffered;
+        if (size == 0) {
+            return true;
+        }
+        if (size < block_size) {
+            if (!Refill()) {
+                return false;
+            }
+            continue;
+        }
         Drop();
-        return m_medium.Fetch(target, size) == size;
+        const std::size_t fetched = m_medium.Fetch(target, size);
+        if (fetched == 0) {
+            return false;
+        }
+        target += fetched;
+        size -= fetched;
     }
-    if (size == 0) {
-        return true;
-    }
-    Refill();
-    const std::size_t fetched = std::min(size, InBlock());
-    std::copy_n(m_next, fetched, target);
-    m_next += fetched;
-    return fetched == size;
 }
 
 int BlockReader::Get() {
@@ -93,6 +104,11 @@ std::size_t BlockReader::Drop() {
     const std::size_t dropped = InBlock();
     m_next = m_end = m_begin = m_block.get() + put_back_room;
     return dropped;
+}
+
+void BlockReader::SkipToEnd() {
+    Drop();
+    m_medium.SkipToEnd();
 }
 
 std::optional<std::uint64_t> BlockReader::Remaining() {

@@ -24,10 +24,13 @@ public:
 /// Where blocks come from or go to.
 class Medium : public Measurable {
 public:
-    /// Reads up to `size` bytes and returns how many came; fewer only at the end of the data or on an error.
+    /// Reads up to `size` bytes, as many as are there without waiting, but at least one, and returns how many
+    /// came: 0 only at the end of the data or on an error. Requires: `size` is not 0.
     virtual std::size_t Fetch(void* data, std::size_t size) = 0;
     /// Writes all `size` bytes, or returns false.
     virtual bool Deliver(const void* data, std::size_t size) = 0;
+    /// Goes to the end of the data, if that can be done.
+    virtual void SkipToEnd() = 0;
 };
 
 class BlockWriter {
@@ -44,7 +47,8 @@ public:
         return place;
     }
 
-    /// False if the medium did not take the bytes; those in the block are lost then.
+    /// False if the medium did not take the bytes; those in the block are lost then, and nothing is taken any
+    /// more, so that no byte is lost without a word.
     bool Write(const void* data, std::size_t size);
     /// Hands the block to the medium.
     bool Flush();
@@ -52,6 +56,8 @@ public:
     bool HasFailed() const { return m_failed; }
 
 private:
+    bool Fail();
+
     Medium& m_medium;
     std::unique_ptr<unsigned char[]> m_block;
     unsigned char* m_next;
@@ -89,6 +95,8 @@ public:
     bool StepBack();
     /// Forgets what is in the block and returns how many bytes that were: the medium stands that far ahead.
     std::size_t Drop();
+    /// Consumes all that is left.
+    void SkipToEnd();
     /// The bytes still to come, as far as that is known.
     std::optional<std::uint64_t> Remaining();
     /// The bytes still to come out of the block alone.

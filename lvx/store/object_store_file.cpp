@@ -13,10 +13,13 @@ class FileMedium : public lvx::store::Medium {
 public:
     explicit FileMedium(std::FILE* file) : m_file(file) {}
 
-    std::size_t Fetch(void* data, std::size_t size) override { return std::fread(data, 1, size, m_file); }
+    std::size_t Fetch(void* data, std::size_t size) override {
+        return lvx::platform::read_available(m_file, data, size);
+    }
     bool Deliver(const void* data, std::size_t size) override {
         return std::fwrite(data, 1, size, m_file) == size;
     }
+    void SkipToEnd() override { std::fseek(m_file, 0, SEEK_END); }
     std::optional<std::uint64_t> Remaining() override { return lvx::platform::remaining_length(m_file); }
 
 private:

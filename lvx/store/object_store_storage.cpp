@@ -41,6 +41,7 @@ public:
         ULONG count = 0;
         return SUCCEEDED(m_stream->Write(data, static_cast<ULONG>(size), &count)) && count == size;
     }
+    void SkipToEnd() override { m_stream->Seek(LARGE_INTEGER{}, STREAM_SEEK_END, nullptr); }
     std::optional<std::uint64_t> Remaining() override {
         STATSTG status{};
         const std::optional<std::uint64_t> position = position_of(m_stream);
@@ -98,7 +99,12 @@ ObjectStoreStorage::~ObjectStoreStorage() {
 }
 
 bool ObjectStoreStorage::OpenStorage(const std::string& name, OpenMode mode, std::string& error) {
-    CloseStream();
+    try {
+        CloseStream();
+    } catch (const WriteFailure&) {
+        error = text_of(STG_E_MEDIUMFULL);
+        return false;
+    }
     const std::wstring file_name = lvx::platform::file_name_of(lvx::widen(name), name);
     const HRESULT result = open_storage(file_name, mode, m_storage);
     if (FAILED(result)) {
@@ -115,7 +121,8 @@ bool ObjectStoreStorage::OpenStream(const std::string& name, std::string& error)
         throw NotOpen();
     }
     if (!ReleaseStream()) {
-        throw WriteFailure();
+        error = text_of(STG_E_MEDIUMFULL);
+        return false;
     }
     OwnedStream stream;
     const HRESULT result = open_stream(m_storage, lvx::widen(name), m_openMode, stream);

@@ -30,6 +30,18 @@ TEST(OpenFile, has_the_length_behind_its_position) {
     EXPECT_EQ(0u, *lvx::platform::remaining_length(file.get()));
 }
 
+TEST(OpenFile, is_read_in_pieces_that_move_its_position) {
+    const lvx_test::TempFolder folder;
+    lvx_test::write_file(folder.File("ten"), std::string("01\r\n4\x1A") + "6789");
+    const auto file = open(folder.File("ten"));
+    char data[16] = {};
+    EXPECT_EQ(4u, lvx::platform::read_available(file.get(), data, 4));
+    EXPECT_STREQ("01\r\n", data);
+    EXPECT_EQ(6u, *lvx::platform::remaining_length(file.get()));
+    EXPECT_EQ(6u, lvx::platform::read_available(file.get(), data, sizeof data));
+    EXPECT_EQ(0u, lvx::platform::read_available(file.get(), data, sizeof data));
+}
+
 TEST(OpenFile, is_no_directory) {
     const lvx_test::TempFolder folder;
     lvx_test::write_file(folder.File("file"), "");

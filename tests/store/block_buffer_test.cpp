@@ -17,7 +17,7 @@ public:
     explicit MemoryMedium(std::string content = "") : data(std::move(content)) {}
 
     std::size_t Fetch(void* target, std::size_t size) override {
-        const std::size_t count = std::min(size, data.size() - position);
+        const std::size_t count = std::min({size, data.size() - position, at_once});
         std::copy_n(data.data() + position, count, static_cast<char*>(target));
         position += count;
         return count;
@@ -30,11 +30,13 @@ public:
         data.append(static_cast<const char*>(source), size);
         return true;
     }
+    void SkipToEnd() override { position = data.size(); }
     std::optional<std::uint64_t> Remaining() override { return data.size() - position; }
 
     std::string data;
     std::size_t position = 0;
     std::size_t capacity = SIZE_MAX;
+    std::size_t at_once = SIZE_MAX;
     int deliveries = 0;
 };
 
@@ -101,6 +103,40 @@ TEST(BlockReader, gives_what_the_medium_has_in_any_pieces) {
     }
     EXPECT_TRUE(data == read);
     EXPECT_EQ(-1, reader.Get());
+}
+
+TEST(BlockWriter, takes_nothing_more_once_the_medium_refused) {
+    MemoryMedium medium;
+    medium.capacity = 10;
+    BlockWriter writer(medium);
+    EXPECT_TRUE(writer.Write("abcdefabcdef", 12));
+    EXPECT_FALSE(writer.Flush());
+    medium.capacity = SIZE_MAX;
+    EXPECT_EQ(nullptr, writer.Claim(1));
+    EXPECT_FALSE(writer.Write("a", 1)) << "bytes behind a gap are no document";
+    EXPECT_FALSE(writer.Flush());
+    EXPECT_EQ("", medium.data);
+}
+
+TEST(BlockReader, puts_pieces_of_a_medium_that_gives_little_at_once_together) {
+    const std::string data = pattern(200000);
+    MemoryMedium medium(data);
+    medium.at_once = 7;
+    BlockReader reader(medium);
+    std::string read(data.size(), '\0');
+    EXPECT_TRUE(reader.Read(read.data(), 10));
+    EXPECT_TRUE(reader.Read(read.data() + 10, 199990));
+    EXPECT_TRUE(data == read);
+    EXPECT_FALSE(reader.Read(read.data(), 1));
+}
+
+TEST(BlockReader, SkipToEnd_leaves_nothing) {
+    MemoryMedium medium(pattern(200000));
+    BlockReader reader(medium);
+    reader.Get();
+    reader.SkipToEnd();
+    EXPECT_EQ(-1, reader.Get());
+    EXPECT_EQ(0u, *reader.Remaining());
 }
 
 TEST(BlockReader, a_short_read_consumes_what_there_was) {

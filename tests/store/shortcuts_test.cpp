@@ -20,6 +20,7 @@ public:
         m_delivered.append(static_cast<const char*>(data), size);
         return m_accepts;
     }
+    void SkipToEnd() override {}
     std::optional<std::uint64_t> Remaining() override { return 42; }
 
 private:
