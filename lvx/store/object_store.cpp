@@ -97,6 +97,17 @@ void ObjectStore::AppendObjectToMap(const Storable* object) {
 }
 
 void ObjectStore::AppendObjectToList(Storable* object) {
+    std::vector<Storable*>* const list = m_objectList.get();
+    // What takes memory stands apart, so that the usual case has no registers to save: this is called for
+    // every object.
+    if (list == nullptr || list->size() == list->capacity()) {
+        GrowObjectList(object);
+    } else {
+        list->push_back(object);
+    }
+}
+
+[[gnu::noinline]] void ObjectStore::GrowObjectList(Storable* object) {
     if (m_objectList.get() == nullptr) {
         m_objectList.reset(new std::vector<Storable*>);
     }

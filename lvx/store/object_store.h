@@ -194,11 +194,14 @@ private:
     void ReadClassNumber();
     bool IsClass(long number) const;
     void SelectClass(long number);
-    bool ReadFrame(Storable*& object);
+    void ChangeClass(long number);
+    ObjectStore& ReadBody(Storable*& object);
+    ObjectStore& ReadByTags(Storable*& object);
     Storable* ReadReference(const Storable* target);
     bool IsObject(long id) const;
     Storable* CreateObject();
     bool MayDelete(const Storable* object) const;
+    void GrowObjectList(Storable* object);
     [[noreturn]] void RefuseAsString(Storable* object);
 
     std::vector<std::string> m_classNames;

@@ -213,33 +213,41 @@ bool ObjectStore::IsClass(long number) const {
 
 void ObjectStore::SelectClass(long number) {
     if (number != m_shortcuts->last_class) {
-        m_className = m_classNames[static_cast<std::size_t>(number)];
-        m_shortcuts->last_class = number;
+        ChangeClass(number);
     }
 }
 
-// The two forms that nearly all objects have, in one piece. False, and nothing consumed, for all else: other
-// forms, damage, and what does not lie at hand as a whole are read tag by tag.
-bool ObjectStore::ReadFrame(Storable*& object) {
-    const Frame frame(m_shortcuts->Peek(Frame::size));
+[[gnu::noinline]] void ObjectStore::ChangeClass(long number) {
+    m_className = m_classNames[static_cast<std::size_t>(number)];
+    m_shortcuts->last_class = number;
+}
+
+// The two forms that nearly all objects have are read in one piece; all else, other forms, damage, and what
+// does not lie at hand as a whole, is read tag by tag. Nothing is done after a call, so that no registers are
+// saved for it.
+ObjectStore& ObjectStore::operator>>(Storable*& object) {
+    const Frame frame(m_create ? m_shortcuts->Peek(Frame::size) : nullptr);
     if (frame.IsReference() && IsObject(frame.Number())) {
         m_ascii = frame.IsAscii();
         object = (*m_objectList)[static_cast<std::size_t>(frame.Number())];
         m_shortcuts->Skip(Frame::reference_size);
-        return true;
+        return *this;
     }
-    if (frame.IsBody() && IsClass(frame.Number())) {
-        m_ascii = frame.IsAscii();
-        SelectClass(frame.Number());
-        m_shortcuts->Skip(Frame::size);
-        object = CreateObject();
-        return true;
-    }
-    return false;
+    return frame.IsBody() && IsClass(frame.Number()) ? ReadBody(object) : ReadByTags(object);
 }
 
-ObjectStore& ObjectStore::operator>>(Storable*& object) {
-    if ((m_create && ReadFrame(object)) || !ReadObjectOrClass(object)) {
+// Requires: the frame of a body, of a class that is known, lies at hand.
+[[gnu::noinline]] ObjectStore& ObjectStore::ReadBody(Storable*& object) {
+    const Frame frame(m_shortcuts->Peek(Frame::size));
+    m_ascii = frame.IsAscii();
+    SelectClass(frame.Number());
+    m_shortcuts->Skip(Frame::size);
+    object = CreateObject();
+    return *this;
+}
+
+[[gnu::noinline]] ObjectStore& ObjectStore::ReadByTags(Storable*& object) {
+    if (!ReadObjectOrClass(object)) {
         return *this;
     }
     const char body = next_char(*this, *m_shortcuts);
@@ -261,7 +269,7 @@ ObjectStore& ObjectStore::operator>>(Storable*& object) {
     return *this;
 }
 
-[[gnu::noinline]] Storable* ObjectStore::CreateObject() {
+Storable* ObjectStore::CreateObject() {
     refuse_deep_nesting();
     const auto number = static_cast<std::size_t>(m_shortcuts->last_class);
     const ObjectFactory::Creator creator = m_shortcuts->FindCreator(number, m_className);

@@ -1,7 +1,9 @@
 // The stored forms of numbers and strings.
+#include <bit>
 #include <cstdint>
 #include <cstring>
 #include <limits>
+#include <type_traits>
 
 #include "lvx/store/byte_order.h"
 #include "lvx/store/object_store.h"
@@ -14,36 +16,67 @@ using lvx::store::Shortcuts;
 // A string object of the older writer, which had a class of its own for them.
 constexpr const char* older_string_class = "VString";
 
-// What is not at hand goes through the store's operations. They stay out of the operators' way: an operator
-// that calls nothing saves no registers.
-template <class Unsigned>
-[[gnu::noinline]] void put_by_write(ObjectStore& store, Unsigned value) {
-    unsigned char bytes[sizeof(Unsigned)];
-    lvx::store::encode(value, bytes);
-    store.Write(bytes, sizeof bytes);
-}
+// The stored form of each type that has one of its own.
+template <class Value>
+using Stored =
+    std::conditional_t<std::is_same_v<Value, double>, std::uint64_t,
+                       std::conditional_t<std::is_same_v<Value, char>, std::uint8_t, std::uint32_t>>;
 
-template <class Unsigned>
-[[gnu::noinline]] Unsigned get_by_read(ObjectStore& store, Shortcuts& shortcuts) {
-    unsigned char bytes[sizeof(Unsigned)] = {};
-    shortcuts.fell_short = false;
-    store.Read(bytes, sizeof bytes);
-    return shortcuts.fell_short ? Unsigned{0} : lvx::store::decode<Unsigned>(bytes);
-}
-
-template <class Unsigned>
-inline void put(ObjectStore& store, Shortcuts& shortcuts, Unsigned value) {
-    if (unsigned char* const place = shortcuts.Claim(sizeof(Unsigned))) {
-        lvx::store::encode(value, place);
+template <class Value>
+Stored<Value> to_stored(Value value) {
+    if constexpr (std::is_same_v<Value, double>) {
+        return std::bit_cast<std::uint64_t>(value);
     } else {
-        put_by_write(store, value);
+        return static_cast<Stored<Value>>(value);
     }
 }
 
-template <class Unsigned>
-inline Unsigned get(ObjectStore& store, Shortcuts& shortcuts) {
-    const unsigned char* const place = shortcuts.Take(sizeof(Unsigned));
-    return place != nullptr ? lvx::store::decode<Unsigned>(place) : get_by_read<Unsigned>(store, shortcuts);
+template <class Value>
+Value from_stored(Stored<Value> stored) {
+    if constexpr (std::is_same_v<Value, double>) {
+        return std::bit_cast<double>(stored);
+    } else {
+        return static_cast<std::make_signed_t<Stored<Value>>>(stored);
+    }
+}
+
+// What is not at hand goes through the store's operations. They stay out of the operators' way, and do all
+// that is left to do: an operator that ends with such a call saves no registers.
+template <class Value>
+[[gnu::noinline]] ObjectStore& put_by_write(ObjectStore& store, Value value) {
+    unsigned char bytes[sizeof(Stored<Value>)];
+    lvx::store::encode(to_stored(value), bytes);
+    store.Write(bytes, sizeof bytes);
+    return store;
+}
+
+template <class Value>
+[[gnu::noinline]] ObjectStore& get_by_read(ObjectStore& store, Shortcuts& shortcuts, Value& value) {
+    unsigned char bytes[sizeof(Stored<Value>)] = {};
+    shortcuts.fell_short = false;
+    store.Read(bytes, sizeof bytes);
+    value = shortcuts.fell_short ? Value{} : from_stored<Value>(lvx::store::decode<Stored<Value>>(bytes));
+    return store;
+}
+
+template <class Value>
+inline ObjectStore& put(ObjectStore& store, Shortcuts& shortcuts, Value value) {
+    unsigned char* const place = shortcuts.Claim(sizeof(Stored<Value>));
+    if (place == nullptr) {
+        return put_by_write(store, value);
+    }
+    lvx::store::encode(to_stored(value), place);
+    return store;
+}
+
+template <class Value>
+inline ObjectStore& get(ObjectStore& store, Shortcuts& shortcuts, Value& value) {
+    const unsigned char* const place = shortcuts.Take(sizeof(Stored<Value>));
+    if (place == nullptr) {
+        return get_by_read(store, shortcuts, value);
+    }
+    value = from_stored<Value>(lvx::store::decode<Stored<Value>>(place));
+    return store;
 }
 
 // A length as it is stored; there is no form for one that needs more than an int.
@@ -71,8 +104,7 @@ ObjectStore& ObjectStore::operator<<(bool value) {
 }
 
 ObjectStore& ObjectStore::operator<<(int value) {
-    put(*this, *m_shortcuts, static_cast<std::uint32_t>(value));
-    return *this;
+    return put(*this, *m_shortcuts, value);
 }
 
 ObjectStore& ObjectStore::operator<<(long value) {
@@ -88,13 +120,11 @@ ObjectStore& ObjectStore::operator<<(float value) {
 }
 
 ObjectStore& ObjectStore::operator<<(double value) {
-    put(*this, *m_shortcuts, std::bit_cast<std::uint64_t>(value));
-    return *this;
+    return put(*this, *m_shortcuts, value);
 }
 
 ObjectStore& ObjectStore::operator<<(char value) {
-    put(*this, *m_shortcuts, static_cast<unsigned char>(value));
-    return *this;
+    return put(*this, *m_shortcuts, value);
 }
 
 ObjectStore& ObjectStore::operator<<(const char* text) {
@@ -121,13 +151,11 @@ ObjectStore& ObjectStore::operator>>(bool& value) {
 }
 
 ObjectStore& ObjectStore::operator>>(int& value) {
-    value = static_cast<std::int32_t>(get<std::uint32_t>(*this, *m_shortcuts));
-    return *this;
+    return get(*this, *m_shortcuts, value);
 }
 
 ObjectStore& ObjectStore::operator>>(long& value) {
-    value = static_cast<std::int32_t>(get<std::uint32_t>(*this, *m_shortcuts));
-    return *this;
+    return get(*this, *m_shortcuts, value);
 }
 
 ObjectStore& ObjectStore::operator>>(float& value) {
@@ -138,13 +166,11 @@ ObjectStore& ObjectStore::operator>>(float& value) {
 }
 
 ObjectStore& ObjectStore::operator>>(double& value) {
-    value = std::bit_cast<double>(get<std::uint64_t>(*this, *m_shortcuts));
-    return *this;
+    return get(*this, *m_shortcuts, value);
 }
 
 ObjectStore& ObjectStore::operator>>(char& value) {
-    value = static_cast<char>(get<unsigned char>(*this, *m_shortcuts));
-    return *this;
+    return get(*this, *m_shortcuts, value);
 }
 
 ObjectStore& ObjectStore::operator>>(char*& text) {

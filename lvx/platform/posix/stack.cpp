@@ -21,14 +21,19 @@ std::uintptr_t find_low_mark() {
     return known ? low_mark(reinterpret_cast<std::uintptr_t>(lowest), size) : 0;
 }
 
+// Asked once per thread: the C library reads the process's memory map to answer. The variable lies at a fixed
+// distance in the thread's block, since it is looked at for every object and a look-up of it would show.
+[[gnu::tls_model("initial-exec")]] thread_local constinit std::uintptr_t mark = unknown;
+
+[[gnu::noinline]] void set_mark() {
+    mark = find_low_mark();
+}
+
 }  // namespace
 
 bool stack_is_low() {
-    // Asked once per thread: the C library reads the process's memory map to answer. The variable lies at a fixed
-    // distance in the thread's block, since this is called for every object and a look-up of it would show.
-    [[gnu::tls_model("initial-exec")]] thread_local constinit std::uintptr_t mark = unknown;
     if (mark == unknown) {
-        mark = find_low_mark();
+        set_mark();
     }
     return reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0)) < mark;
 }
