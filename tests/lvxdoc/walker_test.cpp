@@ -48,17 +48,15 @@ TEST(Walker, takes_markers_of_both_kinds_in_one_stream) {
 }
 
 TEST(Walker, summarises_the_pixels_of_a_picture) {
-    EXPECT_THAT(
-        walk(small_picture),
-        ElementsAre("0 long version = 1", "4 marker B (binary)",
-                    "5 class 0 by name, \"LVXUtilities::DIBitmap\"", "30 object 0", "31 long size = 56",
-                    "35 dword header size = 40", "39 long width = 2", "43 long height = 2",
-                    "47 word planes = 1", "49 word bits per pixel = 24", "51 dword compression = 0",
-                    "55 dword image size = 16", "59 long pixels per metre across = 0",
-                    "63 long pixels per metre down = 0", "67 dword colours used = 0",
-                    "71 dword colours important = 0",
-                    testing::MatchesRegex(
-                        "75 bytes pixels = 16 bytes, CRC-32 [0-9a-f]*: 0000ff00ff000000ff0000ffffff0000")));
+    EXPECT_THAT(walk(small_picture),
+                ElementsAre("0 long version = 1", "4 marker B (binary)",
+                            "5 class 0 by name, \"LVXUtilities::DIBitmap\"", "30 object 0",
+                            "31 long size = 56", "35 dword header size = 40", "39 long width = 2",
+                            "43 long height = 2", "47 word planes = 1", "49 word bits per pixel = 24",
+                            "51 dword compression = 0", "55 dword image size = 16",
+                            "59 long pixels per metre across = 0", "63 long pixels per metre down = 0",
+                            "67 dword colours used = 0", "71 dword colours important = 0",
+                            "75 bytes pixels = 16 bytes, CRC-32 69982117: 0000ff00ff000000ff0000ffffff0000"));
 }
 
 TEST(Walker, gives_older_strings_an_id_and_a_class_number) {
@@ -197,7 +195,7 @@ TEST(Walker, repeats_a_field_as_often_as_an_earlier_one_says) {
     EXPECT_THAT(walk(bytes_of("02000000 07000000 08000000 00000000 6162"),
                      "top\n int n\n int(n) x\n int(1) none\n bytes(n) raw\n"),
                 ElementsAre("0 int n = 2", "4 int x[0] = 7", "8 int x[1] = 8", "12 int none[0] = 0",
-                            testing::MatchesRegex("16 bytes raw = 2 bytes, CRC-32 [0-9a-f]*: 6162")));
+                            "16 bytes raw = 2 bytes, CRC-32 9e83486d: 6162"));
 }
 
 TEST(Walker, keeps_the_counts_of_an_outer_object_through_inner_ones) {

@@ -28,6 +28,7 @@ int main(int argc, char** argv) {
     using namespace lvxdoc;
     platform::ignore_broken_pipes();
     platform::make_binary(stdout);
+    platform::make_binary(stderr);
     FileOutput out(stdout);
     FileOutput err(stderr);
     Console console{out, err, platform::is_terminal(stdout), platform::is_terminal(stderr)};

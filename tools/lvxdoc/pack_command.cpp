@@ -23,17 +23,19 @@ int run(const Arguments& arguments, Console& console) {
 
 }  // namespace
 
-const Command pack_command{"pack",
-                           "OUT PICTURE...",
-                           2,
-                           std::numeric_limits<std::size_t>::max(),
-                           "Make a document of pictures, bitmap files and JPEG files",
-                           "Each picture becomes a stream of the compound file OUT, named after the picture's file: its name without\n"
+const Command pack_command{
+    "pack",
+    "OUT PICTURE...",
+    2,
+    std::numeric_limits<std::size_t>::max(),
+    "Make a document of pictures, bitmap files and JPEG files",
+    "Each picture becomes a stream of the compound file OUT, named after the picture's file: its name "
+    "without\n"
     "folder and extension, of at most 31 characters, with a number behind it where two would be the same. A\n"
     "stream holds the version 1 and the picture as an object, and can be read alone. OUT appears when it is\n"
     "complete, in place of a document of that name. A damaged JPEG file ends the command with the decoder's\n"
     "message and exit status 1.\n",
     {{"force", 'f', nullptr, "replace OUT also if it is no document"}},
-                           &run};
+    &run};
 
 }  // namespace lvxdoc
