@@ -8,6 +8,7 @@
 #include "lvx/store/object_factory.h"
 #include "lvx/store/object_store.h"
 #include "lvx/store/object_store_file.h"
+#include "lvx/store/object_store_storage.h"
 #include "lvx/store/object_store_stream.h"
 #include "lvx/store/storable.h"
 #include "lvx/text/error.h"

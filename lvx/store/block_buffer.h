@@ -19,6 +19,8 @@ public:
     virtual ~Measurable() = default;
     /// The bytes between the medium's present position and its end; nothing if that cannot be told.
     virtual std::optional<std::uint64_t> Remaining() = 0;
+    /// Goes to the end of the data, if that can be done.
+    virtual void SkipToEnd() = 0;
 };
 
 /// Where blocks come from or go to.
@@ -29,8 +31,6 @@ public:
     virtual std::size_t Fetch(void* data, std::size_t size) = 0;
     /// Writes all `size` bytes, or returns false.
     virtual bool Deliver(const void* data, std::size_t size) = 0;
-    /// Goes to the end of the data, if that can be done.
-    virtual void SkipToEnd() = 0;
 };
 
 class BlockWriter {

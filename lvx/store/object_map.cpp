@@ -1,7 +1,8 @@
 #include "lvx/store/object_map.h"
 
 #include <limits>
-#include <stdexcept>
+
+#include "lvx/store/object_store.h"
 
 namespace lvx::store {
 namespace {
@@ -32,7 +33,7 @@ long ObjectMap::Find(const Storable* object) const {
 
 void ObjectMap::Append(const Storable* object) {
     if (m_size == std::numeric_limits<std::int32_t>::max()) {
-        throw std::length_error("ObjectMap: all ids are used up");
+        throw ObjectStore::WriteFailure();
     }
     if (static_cast<std::size_t>(m_size) * 2 >= m_table.size()) {
         Grow();

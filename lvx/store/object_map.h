@@ -19,8 +19,8 @@ public:
     /// The id of `object`, or -1 if it has none.
     long Find(const Storable* object) const;
 
-    /// Gives `object` the next id, counted from 0, unless it has one. Throws std::length_error when the ids
-    /// that a store can hold are used up, and std::bad_alloc, unchanged.
+    /// Gives `object` the next id, counted from 0, unless it has one. Throws ObjectStore::WriteFailure when
+    /// the ids that a store can hold are used up, and std::bad_alloc, unchanged.
     void Append(const Storable* object);
 
     long Size() const { return m_size; }

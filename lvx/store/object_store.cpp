@@ -127,6 +127,8 @@ void ObjectStore::ExpectBytes(long long length) {
     }
     const std::optional<std::uint64_t> remaining = m_shortcuts->Remaining();
     if (remaining && *remaining < static_cast<std::uint64_t>(length)) {
+        // As reading would leave it.
+        m_shortcuts->SkipToEnd();
         throw UnexpectedEOF();
     }
 }

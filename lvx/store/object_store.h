@@ -174,8 +174,9 @@ public:
     /// Gives `object` the next id on the reading side. Creators call it before they read any member.
     void AppendObjectToList(Storable* object);
 
-    /// Throws UnexpectedEOF if the medium is known to hold fewer than `length` further bytes; does nothing if
-    /// it holds them or that cannot be told. To be called with a length out of the store before memory is
+    /// Throws UnexpectedEOF, with nothing left to read, if the medium is known to hold fewer than `length`
+    /// further bytes; does nothing if it holds them, that cannot be told, or `length` is too small to matter
+    /// (4 KiB; 1 MiB on a standard stream). To be called with a length out of the store before memory is
     /// taken for it; a negative one always throws.
     void ExpectBytes(long long length);
 

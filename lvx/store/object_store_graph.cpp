@@ -12,6 +12,8 @@ namespace {
 
 using namespace lvx::store;
 
+const ObjectFactoryInit factory;
+
 // Documents hold longer names than the library reads back; see Storable::ClassName.
 constexpr int class_name_buffer = 50;
 
@@ -264,7 +266,10 @@ ObjectStore& ObjectStore::operator>>(Storable*& object) {
         throw UnexpectedObject(m_className, expected_class(object));
     }
     m_shortcuts->lent.push_back(object);
+    Reading reading(*this);
     AppendObjectToList(object);
+    // The object stays the caller's when reading it fails, and keeps its place.
+    reading.Complete();
     object->GetFrom(*this);
     return *this;
 }
@@ -282,15 +287,20 @@ Storable* ObjectStore::CreateObject() {
     return object;
 }
 
-// Not while it is being read, when its creator has it, nor if the caller brought it along.
+// Not what belongs to an object that is being read, nor that object itself: its creator deletes it, and it
+// its members. Nor what the caller brought along.
 bool ObjectStore::MayDelete(const Storable* object) const {
-    const auto is_object = [this, object](std::size_t place) {
-        return place < m_objectList->size() && (*m_objectList)[place] == object;
-    };
-    const std::vector<std::size_t>& places = m_shortcuts->being_read;
+    const std::vector<std::size_t>& being_read = m_shortcuts->being_read;
     const std::vector<const Storable*>& lent = m_shortcuts->lent;
-    return object != nullptr && std::none_of(places.begin(), places.end(), is_object) &&
-           std::find(lent.begin(), lent.end(), object) == lent.end();
+    if (object == nullptr || std::find(lent.begin(), lent.end(), object) != lent.end()) {
+        return false;
+    }
+    if (being_read.empty()) {
+        return true;
+    }
+    const std::size_t outermost = std::min(being_read.front(), m_objectList->size());
+    const auto begin = m_objectList->begin() + static_cast<std::ptrdiff_t>(outermost);
+    return std::find(begin, m_objectList->end(), object) == m_objectList->end();
 }
 
 void ObjectStore::RefuseAsString(Storable* object) {

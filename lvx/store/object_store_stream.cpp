@@ -23,6 +23,8 @@ public:
         return end < here ? std::nullopt : std::optional(static_cast<std::uint64_t>(end - here));
     }
 
+    void SkipToEnd() override { Seek(0, std::ios_base::end); }
+
 private:
     std::streamoff Seek(std::streamoff offset, std::ios_base::seekdir from) {
         return m_buffer->pubseekoff(offset, from, std::ios_base::in);

@@ -1,9 +1,11 @@
 // The stored forms of numbers and strings.
+#include <algorithm>
 #include <bit>
 #include <cstdint>
 #include <cstring>
 #include <limits>
 #include <type_traits>
+#include <utility>
 
 #include "lvx/store/byte_order.h"
 #include "lvx/store/object_store.h"
@@ -87,12 +89,44 @@ int stored_length(std::size_t length) {
     return static_cast<int>(length);
 }
 
-// The characters of a string as they stand in the store, as far as they came.
-std::string read_characters(ObjectStore& store, int length) {
+using Characters = lvx::auto_array<char>;
+
+// Room behind the text that older hosts write into.
+constexpr std::size_t spare = 10;
+
+Characters make_room(std::size_t length) {
+    return Characters(new char[length + spare]());
+}
+
+// In pieces, each as long as all before it, so that a length that is not true ends where the data do.
+Characters read_in_pieces(ObjectStore& store, Shortcuts& shortcuts, std::size_t length,
+                          std::size_t first_piece) {
+    Characters characters = make_room(first_piece);
+    store.Read(characters.get(), static_cast<unsigned int>(first_piece));
+    for (std::size_t read = first_piece; read < length && !shortcuts.fell_short;) {
+        const std::size_t piece = std::min(read, length - read);
+        Characters longer = make_room(read + piece);
+        std::copy_n(characters.get(), read, longer.get());
+        characters = std::move(longer);
+        store.Read(characters.get() + read, static_cast<unsigned int>(piece));
+        read += piece;
+    }
+    return characters;
+}
+
+// `length` characters as they stand in the store, as far as they came, and NULs. A host's class gets one
+// Read.
+Characters read_characters(ObjectStore& store, Shortcuts& shortcuts, long long length) {
+    constexpr std::size_t credible = 1024 * 1024;
     store.ExpectBytes(length);
-    std::string characters(static_cast<std::size_t>(length), '\0');
-    if (length != 0) {
-        store.Read(characters.data(), static_cast<unsigned int>(length));
+    const auto size = static_cast<std::size_t>(length);
+    shortcuts.fell_short = false;
+    if (size > credible && shortcuts.IsOwnReader() && !shortcuts.Remaining()) {
+        return read_in_pieces(store, shortcuts, size, credible);
+    }
+    Characters characters = make_room(size);
+    if (size != 0) {
+        store.Read(characters.get(), static_cast<unsigned int>(size));
     }
     return characters;
 }
@@ -177,14 +211,11 @@ ObjectStore& ObjectStore::operator>>(char*& text) {
     int length = 0;
     *this >> length;
     // The terminating NUL follows unless the text is empty.
-    const long long stored = length == 0 ? 0 : length + 1LL;
-    ExpectBytes(length < 0 ? -1 : stored);
-    constexpr std::size_t spare = 10;
-    lvx::auto_array<char> characters(new char[static_cast<std::size_t>(length) + spare]());
-    if (length != 0) {
-        Read(characters.get(), static_cast<unsigned int>(stored));
+    const long long stored = length > 0 ? length + 1LL : length;
+    Characters characters = read_characters(*this, *m_shortcuts, stored);
+    if (!m_shortcuts->fell_short) {
+        characters[static_cast<std::size_t>(length)] = '\0';
     }
-    characters[static_cast<std::size_t>(length)] = '\0';
     text = characters.release();
     return *this;
 }
@@ -195,7 +226,7 @@ ObjectStore& ObjectStore::operator>>(std::string& text) {
     if (tag == 's') {
         int length = 0;
         *this >> length;
-        text = read_characters(*this, length).c_str();
+        text = read_characters(*this, *m_shortcuts, length).get();
         return *this;
     }
     UngetChar(tag);

@@ -42,6 +42,14 @@ std::optional<std::uint64_t> Shortcuts::Remaining() const {
     return m_measure != nullptr ? m_measure->Remaining() : std::nullopt;
 }
 
+void Shortcuts::SkipToEnd() {
+    if (m_direct_reader != nullptr) {
+        m_direct_reader->SkipToEnd();
+    } else if (m_measure != nullptr) {
+        m_measure->SkipToEnd();
+    }
+}
+
 long Shortcuts::FindClass(const char* name, const std::vector<std::string>& class_names) {
     KnownName& known = m_known_names[(reinterpret_cast<std::uintptr_t>(name) >> 4) % m_known_names.size()];
     if (known.name != name || known.number >= class_names.size() || class_names[known.number] != name) {

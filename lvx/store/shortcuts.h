@@ -25,9 +25,16 @@ public:
     /// store is of the library's own class and not of one derived from it.
     void AttachWriter(std::unique_ptr<Medium> medium, bool own_class);
     void AttachReader(std::unique_ptr<Medium> medium, bool own_class);
-    /// A standard stream in place of a buffer of our own; for stores of the library's own class only.
-    void AttachStream(std::ostream& stream) { m_output = &stream; }
-    void AttachStream(std::istream& stream) { m_input = &stream; }
+    /// A standard stream in place of a buffer of our own; for stores of the library's own class only. Streams
+    /// over a buffer of a host's class are not reached past their operations either.
+    void AttachStream(std::ostream& stream) {
+        m_output = StreamArea::IsStandard(stream.rdbuf()) ? &stream : nullptr;
+        m_stream_buffer = stream.rdbuf();
+    }
+    void AttachStream(std::istream& stream) {
+        m_input = StreamArea::IsStandard(stream.rdbuf()) ? &stream : nullptr;
+        m_stream_buffer = stream.rdbuf();
+    }
     /// The length of a medium without a block buffer.
     void AttachMeasure(std::unique_ptr<Measurable> measure);
     /// Hands the last block over and forgets the medium. False if that failed and nobody has been told yet.
@@ -45,14 +52,17 @@ public:
         if (m_direct_writer != nullptr) {
             return m_direct_writer->Claim(size);
         }
-        return m_output != nullptr ? StreamArea::Claim(*m_output, size) : nullptr;
+        return m_output != nullptr && m_output->rdbuf() == m_stream_buffer
+                   ? StreamArea::Claim(*m_output, size)
+                   : nullptr;
     }
     /// The next `size` bytes without consuming them, or null, likewise.
     const unsigned char* Peek(std::size_t size) const {
         if (m_direct_reader != nullptr) {
             return m_direct_reader->Peek(size);
         }
-        return m_input != nullptr ? StreamArea::Peek(*m_input, size) : nullptr;
+        return m_input != nullptr && m_input->rdbuf() == m_stream_buffer ? StreamArea::Peek(*m_input, size)
+                                                                         : nullptr;
     }
     /// Consumes `size` bytes. Requires: Peek gave them.
     void Skip(std::size_t size) {
@@ -73,6 +83,10 @@ public:
 
     /// The bytes that the medium can still deliver, as far as that is known.
     std::optional<std::uint64_t> Remaining() const;
+    /// Consumes all that is left, where Remaining tells how much that is.
+    void SkipToEnd();
+    /// Whether the store is of a class of the library itself and open for reading.
+    bool IsOwnReader() const { return m_direct_reader != nullptr || m_measure != nullptr; }
 
     /// The place of `name` in `class_names`, or -1.
     long FindClass(const char* name, const std::vector<std::string>& class_names);
@@ -114,6 +128,8 @@ private:
     BlockReader* m_direct_reader = nullptr;
     std::ostream* m_output = nullptr;
     std::istream* m_input = nullptr;
+    // What the stream had when it was attached; its owner may give it another one.
+    const std::streambuf* m_stream_buffer = nullptr;
     // By the address of the name, which is the same at each call for all but a few classes.
     std::array<KnownName, 32> m_known_names;
     std::vector<ObjectFactory::Creator> m_creators;

@@ -7,9 +7,12 @@
 #pragma once
 
 #include <cstddef>
+#include <fstream>
 #include <istream>
 #include <ostream>
+#include <sstream>
 #include <streambuf>
+#include <typeinfo>
 
 namespace lvx::store {
 
@@ -17,6 +20,13 @@ namespace lvx::store {
 class StreamArea : public std::streambuf {
 public:
     StreamArea() = delete;
+
+    /// Whether `buffer` is one of the standard library's own for texts and files. Another class may do things
+    /// in its operations that taking bytes past them would skip.
+    static bool IsStandard(const std::streambuf* buffer) {
+        return buffer != nullptr &&
+               (typeid(*buffer) == typeid(std::stringbuf) || typeid(*buffer) == typeid(std::filebuf));
+    }
 
     /// Room for `size` bytes, which count as written. Null if the buffer has not that much at hand, or the
     /// stream has to do more for them than take them.

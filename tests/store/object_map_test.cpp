@@ -85,7 +85,7 @@ TEST(ObjectMap, agrees_with_a_tree_of_addresses) {
         // Dense runs, scattered pages and a few odd addresses.
         std::uintptr_t address = 0x10000 + random() % 0x40000 * alignof(Storable);
         if (i % 3 == 0) {
-            address = static_cast<std::uintptr_t>(random()) / 64 * 64;
+            address = static_cast<std::uintptr_t>(random() / 64 * 64);
         } else if (i % 101 == 0) {
             address += 1;
         }

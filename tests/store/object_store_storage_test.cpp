@@ -482,9 +482,10 @@ TEST_F(StorageStore, knows_what_the_stream_still_holds) {
     char buffer[10];
     m_store.Read(buffer, 10);
     EXPECT_NO_THROW(m_store.ExpectBytes(199990));
-    EXPECT_THROW(m_store.ExpectBytes(199991), ObjectStore::UnexpectedEOF);
     m_store.UngetChar('x');
     EXPECT_NO_THROW(m_store.ExpectBytes(199991));
+    EXPECT_THROW(m_store.ExpectBytes(199992), ObjectStore::UnexpectedEOF);
+    EXPECT_THROW(m_store.GetChar(), ObjectStore::UnexpectedEOF) << "as reading them would leave it";
 }
 
 TEST_F(StorageStore, values_cross_the_blocks_whole) {

@@ -240,6 +240,78 @@ TEST(StreamStore, class_names_of_48_characters_are_read_back_and_longer_ones_not
     }
 }
 
+TEST(StreamStore, a_hosts_buffer_sees_every_piece) {
+    class Watching : public std::stringbuf {
+    public:
+        using std::stringbuf::stringbuf;
+        std::streamsize m_written = 0;
+        std::streamsize m_read = 0;
+
+    protected:
+        std::streamsize xsputn(const char* data, std::streamsize size) override {
+            m_written += size;
+            return std::stringbuf::xsputn(data, size);
+        }
+        std::streamsize xsgetn(char* data, std::streamsize size) override {
+            m_read += size;
+            return std::stringbuf::xsgetn(data, size);
+        }
+    };
+    Watching buffer;
+    std::iostream stream(&buffer);
+    ObjectStoreStream store;
+    store.OpenStream(static_cast<std::ostream*>(&stream));
+    store << 1 << 2.0 << 3L;
+    EXPECT_EQ(16, buffer.m_written);
+    store.OpenStream(static_cast<std::istream*>(&stream));
+    int number = 0;
+    double ratio = 0;
+    store >> number >> ratio >> number;
+    EXPECT_EQ(16, buffer.m_read);
+    EXPECT_EQ(3, number);
+}
+
+TEST(StreamStore, a_buffer_given_to_the_stream_later_takes_the_bytes) {
+    std::stringbuf first;
+    std::stringbuf second;
+    std::ostream stream(&first);
+    ObjectStoreStream store;
+    store.OpenStream(&stream);
+    store << 'a';
+    stream.rdbuf(&second);
+    store << 'b';
+    EXPECT_EQ("a", first.str());
+    EXPECT_EQ("b", second.str());
+}
+
+TEST(StreamStore, a_long_text_that_falls_short_on_a_stream_without_a_length_is_as_long_as_it_came) {
+    // Gives bytes and cannot seek.
+    class OneWay : public std::stringbuf {
+    public:
+        using std::stringbuf::stringbuf;
+
+    protected:
+        pos_type seekoff(off_type, std::ios_base::seekdir, std::ios_base::openmode) override { return -1; }
+        pos_type seekpos(pos_type, std::ios_base::openmode) override { return -1; }
+    };
+    const std::string there(3 * 1024 * 1024, 'x');
+    for (const bool is_c_string : {false, true}) {
+        OneWay buffer((is_c_string ? "" : "s") + bytes("FE FF FF 7F") + there);
+        std::istream stream(&buffer);
+        ObjectStoreStream store;
+        store.OpenStream(&stream);
+        std::string text;
+        if (is_c_string) {
+            char* characters = nullptr;
+            store >> characters;
+            text = lvx::auto_array<char>(characters).get();
+        } else {
+            store >> text;
+        }
+        EXPECT_TRUE(there == text);
+    }
+}
+
 TEST(StreamStore, a_long_text_is_read_whole) {
     const std::string long_text(3 * 1024 * 1024, 'x');
     std::stringstream stream;

@@ -363,6 +363,30 @@ TEST(StoredLengths, a_negative_one_ends_at_the_end_of_the_data) {
     }
 }
 
+TEST(StoredLengths, one_beyond_the_end_of_a_file_leaves_nothing_to_read_whatever_it_is) {
+    const lvx_test::TempFolder folder;
+    for (const char* length : {"10 00 00 00", "00 10 00 00", "01 10 00 00", "FE FF FF 7F"}) {
+        lvx_test::write_file(folder.File("short"), bytes("'s'") + bytes(length) + "abc");
+        ObjectStoreFile store;
+        ASSERT_TRUE(store.OpenStream(folder.File("short").c_str(), ObjectStore::ForRead));
+        std::string text;
+        EXPECT_THROW(store >> text, ObjectStore::UnexpectedEOF) << length;
+        EXPECT_THROW(store.GetChar(), ObjectStore::UnexpectedEOF) << length;
+    }
+}
+
+TEST(StoredLengths, an_absurd_one_on_a_hosts_medium_ends_in_an_exception_that_hosts_expect) {
+    RecordingStore store(bytes("'s' FF FF FF 7F"));
+    std::string text;
+    try {
+        store >> text;
+        FAIL() << "nothing was thrown";
+    } catch (const ObjectStore::UnexpectedEOF&) {
+    } catch (const std::bad_alloc&) {
+        // Where there is no memory for it, as on systems of 32 bits.
+    }
+}
+
 TEST(StoredLengths, one_that_the_data_do_not_have_throws) {
     RecordingStore store(bytes("05 00 00 00 'abc'"));
     char* text = nullptr;

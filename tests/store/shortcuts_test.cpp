@@ -35,6 +35,7 @@ public:
         return std::exchange(m_text, "").copy(static_cast<char*>(data), size);
     }
     bool Deliver(const void*, std::size_t) override { return false; }
+    void SkipToEnd() override {}
     std::optional<std::uint64_t> Remaining() override { return m_text.size(); }
 
 private:

@@ -7,35 +7,43 @@
 namespace lvx::platform {
 namespace {
 
+// The part of the thread's stack that counts as low.
+struct LowPart {
+    std::uintptr_t lowest;
+    std::uintptr_t size;
+};
+
 constexpr std::uintptr_t unknown = ~std::uintptr_t{0};
 
-std::uintptr_t find_low_mark() {
+LowPart find_low_part() {
     pthread_attr_t attributes;
     if (pthread_getattr_np(pthread_self(), &attributes) != 0) {
-        return 0;
+        return {0, 0};
     }
     void* lowest = nullptr;
     std::size_t size = 0;
     const bool known = pthread_attr_getstack(&attributes, &lowest, &size) == 0;
     pthread_attr_destroy(&attributes);
-    return known ? low_mark(reinterpret_cast<std::uintptr_t>(lowest), size) : 0;
+    const auto address = reinterpret_cast<std::uintptr_t>(lowest);
+    return known ? LowPart{address, low_mark(address, size) - address} : LowPart{0, 0};
 }
 
 // Asked once per thread: the C library reads the process's memory map to answer. The variable lies at a fixed
 // distance in the thread's block, since it is looked at for every object and a look-up of it would show.
-[[gnu::tls_model("initial-exec")]] thread_local constinit std::uintptr_t mark = unknown;
+[[gnu::tls_model("initial-exec")]] thread_local constinit LowPart low_part{0, unknown};
 
-[[gnu::noinline]] void set_mark() {
-    mark = find_low_mark();
+[[gnu::noinline]] void set_low_part() {
+    low_part = find_low_part();
 }
 
 }  // namespace
 
 bool stack_is_low() {
-    if (mark == unknown) {
-        set_mark();
+    if (low_part.size == unknown) {
+        set_low_part();
     }
-    return reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0)) < mark;
+    // On a stack that a host made itself, as coroutines have it, nothing is known and nothing is low.
+    return reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0)) - low_part.lowest < low_part.size;
 }
 
 }  // namespace lvx::platform
