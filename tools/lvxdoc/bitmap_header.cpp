@@ -116,7 +116,7 @@ std::optional<std::string> find_implausible(const BitmapHeader& header, std::uin
     if (!known) {
         return "its header size is " + std::to_string(header.header_size);
     }
-    if (const auto bad = find_bad_field(header)) {
+    if (auto bad = find_bad_field(header)) {
         return bad;
     }
     const auto rows = static_cast<std::uint64_t>(std::llabs(header.height));

@@ -12,7 +12,7 @@ namespace lvxdoc {
 namespace {
 
 std::filesystem::path prepare_folder(const std::string& name) {
-    const std::filesystem::path folder = platform::native_path(name);
+    std::filesystem::path folder = platform::native_path(name);
     std::error_code error;
     std::filesystem::create_directories(folder, error);
     if (!std::filesystem::is_directory(folder)) {

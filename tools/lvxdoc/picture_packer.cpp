@@ -89,6 +89,7 @@ std::vector<PackedPicture> fill(ObjectStoreStorage& document, const std::string&
         throw Failure(error);
     }
     std::vector<PackedPicture> packed;
+    packed.reserve(pictures.size());
     UniqueNames names;
     for (const std::string& file : pictures) {
         packed.push_back(
