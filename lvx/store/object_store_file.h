@@ -17,7 +17,8 @@ public:
 
     /// Opens `name`, closing what was open. `ForWrite` replaces an existing file without question. False if
     /// it cannot be opened, or `name` is a directory or null; the store is then closed, and the next transfer
-    /// throws NotOpen.
+    /// throws NotOpen. Throws WriteFailure, and opens nothing, if the last bytes of the file that was open
+    /// did not get onto the device.
     bool OpenStream(const char* name, OpenMode mode);
 
     bool IsOpen() const override;
@@ -25,6 +26,7 @@ public:
     /// get onto the device and no Write has told so.
     void CloseStream() override;
     void Write(const void* data, unsigned int length) override;
+    /// Reading nothing succeeds, at the end too.
     void Read(void* data, unsigned int length) override;
     char GetChar() override;
     /// As ungetc does: one byte can always be put back, further ones as far as there is room.

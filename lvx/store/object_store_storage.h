@@ -34,8 +34,8 @@ public:
     /// Closes what was open and opens the compound file `name`. `ForWrite` replaces an existing file without
     /// question. No stream is open then, so no byte can pass before OpenStream. On failure returns false with
     /// the store closed and "HRESULT = " and the code, such as "HRESULT = 80030002" for a missing file, in
-    /// `error`; on success leaves `error` alone. Throws only what CloseStream throws about the file that was
-    /// open.
+    /// `error`; on success leaves `error` alone. It fails too, with "HRESULT = 80030070", if the file that was
+    /// open could not be completed.
     bool OpenStorage(const std::string& name, OpenMode mode, std::string& error);
 
     /// Moves to the stream `name`: an existing one for reading; for writing a new one, in place of one of the
@@ -43,8 +43,8 @@ public:
     /// run on from stream to stream: read the streams in the order in which they were written, or write each
     /// with a store of its own.
     ///
-    /// On failure returns false with the code in `error`, and no stream is open. Throws NotOpen without a
-    /// storage, and WriteFailure if the last bytes did not get into the stream that was open.
+    /// On failure returns false with the code in `error`, and no stream is open: also, with 80030070, if the
+    /// last bytes did not get into the stream that was open. Throws NotOpen without a storage.
     bool OpenStream(const std::string& name, std::string& error);
 
     /// Whether a compound file is open, even with no stream in it.

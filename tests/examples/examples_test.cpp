@@ -1,0 +1,85 @@
+// The example programs, run as a reader of the documentation runs them.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <string>
+
+#include "lvx/images/dibitmap.h"
+#include "lvx/store/object_store_storage.h"
+#include "support/bytes.h"
+#include "support/places.h"
+#include "support/temp_folder.h"
+
+namespace {
+
+using LVXUtilities::DIBitmap;
+
+class Examples : public ::testing::Test {
+protected:
+    /// Runs a program out of the folder of programs; what it printed is in `m_output`. True if it ended with
+    /// 0.
+    bool Run(const std::string& command) {
+        const std::string output = m_folder.File("output");
+        const std::string program = LVX_TEST_PROGRAM_PREFIX + command + " > " + output + " 2>&1";
+        const bool good = std::system(program.c_str()) == 0;
+        m_output = lvx_test::read_file(output);
+        std::erase(m_output, '\r');
+        return good;
+    }
+
+    /// Writes a document with one picture, as `lvxdoc pack` does.
+    std::string Document(const DIBitmap& picture) {
+        const std::string name = m_folder.File("document");
+        LVXUtilities::ObjectStoreStorage store;
+        std::string error;
+        EXPECT_TRUE(store.OpenStorage(name, ObjectStore::ForWrite, error)) << error;
+        EXPECT_TRUE(store.OpenStream("picture", error)) << error;
+        store << 1L << picture;
+        store.CloseStream();
+        return name;
+    }
+
+    lvx_test::TempFolder m_folder;
+    std::string m_output;
+};
+
+const std::string picture_file = lvx_test::own_data() + "/pictures/pal8v4.bmp";
+
+}  // namespace
+
+TEST_F(Examples, stars_come_back_as_a_pair) {
+    EXPECT_TRUE(Run("stars " + m_folder.File("stars.dat"))) << m_output;
+    EXPECT_EQ("Sirius (-1.46) goes with Sirius B (8.44)\nand back: true\n", m_output);
+}
+
+TEST_F(Examples, stars_tell_a_place_that_cannot_be_written) {
+    EXPECT_FALSE(Run("stars " + m_folder.File("missing/stars.dat")));
+    EXPECT_NE(std::string::npos, m_output.find("cannot write")) << m_output;
+    EXPECT_FALSE(Run("stars"));
+    EXPECT_EQ("usage: stars FILE\n", m_output);
+}
+
+TEST_F(Examples, compare_pictures_finds_a_stored_picture_equal) {
+    const std::string document = Document(DIBitmap(picture_file, DIBitmap::DIB));
+    EXPECT_TRUE(Run("compare_pictures " + document + " picture " + picture_file)) << m_output;
+    EXPECT_NE(std::string::npos, m_output.find("\t127\t64\t8\tequal\n")) << m_output;
+}
+
+TEST_F(Examples, compare_pictures_sees_one_byte_of_another_colour_and_of_another_pixel) {
+    const DIBitmap picture(picture_file, DIBitmap::DIB);
+    const auto first_colour = static_cast<std::ptrdiff_t>(108);
+    for (const std::ptrdiff_t place : {first_colour, first_colour + 256 * 4 + 5}) {
+        DIBitmap changed(picture);
+        auto* const bytes = reinterpret_cast<unsigned char*>(changed.GetClrTabAddress().get()) - first_colour;
+        bytes[place] ^= 1;
+        EXPECT_FALSE(Run("compare_pictures " + Document(changed) + " picture " + picture_file));
+        EXPECT_NE(std::string::npos, m_output.find("different from byte " + std::to_string(place)))
+            << m_output;
+    }
+}
+
+TEST_F(Examples, compare_pictures_tells_a_missing_stream) {
+    const std::string document = Document(DIBitmap(picture_file, DIBitmap::DIB));
+    EXPECT_FALSE(Run("compare_pictures " + document + " other " + picture_file));
+    EXPECT_NE(std::string::npos, m_output.find("other: HRESULT = 80030002")) << m_output;
+}
