@@ -83,7 +83,7 @@ TEST(ObjectMap, agrees_with_a_tree_of_addresses) {
     std::map<std::uintptr_t, long> tree;
     for (int i = 0; i < 200000; ++i) {
         // Dense runs, scattered pages and a few odd addresses.
-        std::uintptr_t address = 0x10000 + random() % 0x40000 * alignof(Storable);
+        auto address = static_cast<std::uintptr_t>(0x10000 + random() % 0x40000 * alignof(Storable));
         if (i % 3 == 0) {
             address = static_cast<std::uintptr_t>(random() / 64 * 64);
         } else if (i % 101 == 0) {

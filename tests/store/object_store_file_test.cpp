@@ -325,7 +325,7 @@ TEST_F(FileStore, a_hundred_thousand_nodes_keep_their_references_and_cycles) {
     for (std::size_t i = 1; i < count; ++i) {
         nodes[(i - 1) / 8]->m_edges.push_back(nodes[i].get());
         nodes[i]->m_edges.push_back(nodes[(i - 1) % 8 == 0 ? i : i - 1].get());
-        nodes[i]->m_edges.push_back(nodes[i / 64].get());
+        nodes[i]->m_edges.push_back(nodes[i <= 8 ? 0 : ((i - 1) / 8 - 1) / 8].get());
         nodes[i]->m_edges.push_back(nodes[0].get());
     }
     ASSERT_TRUE(OpenForWrite());
