@@ -110,6 +110,8 @@ BITMAPINFOHEADER read_header(BitmapInput& input, std::uint32_t distance_to_pixel
     return widen_core(input, core);
 }
 
+// A negative height means rows from the top down and not fewer than none: with its sign the product would be
+// absurd, and such a bitmap that leaves its size out would be refused.
 std::uint64_t image_size(const BITMAPINFOHEADER& header) {
     if (header.biSizeImage != 0) {
         return header.biSizeImage;
