@@ -82,9 +82,10 @@ public:
 
     /// Replaces the block by the picture in the JPEG file, in 24 bits per pixel, or 32 for one in inks. A
     /// picture in shades of grey is laid out as if it were in colour, and comes out garbled. Throws "No such
-    /// file." if the file cannot be opened and "Error" for a claimed size that no JPEG file of that length
-    /// reaches, as const char*, and std::bad_alloc. A file that is no JPEG file, or a damaged one, ends the
-    /// process with a message on standard error and exit status 1: the decoder's own way, that hosts rely on.
+    /// file." as a const char* if the file cannot be opened, and std::bad_alloc, which a block of 2 GiB or
+    /// more gets too. A file that is no JPEG file, or a damaged one, ends the process with a message on
+    /// standard error and exit status 1: the decoder's own way, that hosts rely on. Any size up to that is
+    /// believed, however short the file: a few damaged bytes can cost the time and memory of such a picture.
     void InitJPEG(const std::string& fileName);
 
     /// SaveAsJPEG if `format` is JPEG, else SaveAsDIB.

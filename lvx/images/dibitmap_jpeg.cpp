@@ -44,6 +44,7 @@ public:
     ~Decoder() { jpeg_destroy_decompress(&m_state); }
 
     jpeg_decompress_struct* operator->() { return &m_state; }
+    const jpeg_decompress_struct* operator->() const { return &m_state; }
     jpeg_decompress_struct* get() { return &m_state; }
 
 private:
@@ -140,13 +141,12 @@ private:
     std::vector<unsigned char> m_long_row;
 };
 
-void refuse_absurd_size(Decoder& decoder, std::uint64_t file_size) {
+// What a file claims is not held against its length: a picture of one colour takes next to nothing, and a
+// pipe has no length.
+void refuse_beyond_largest_block(const Decoder& decoder) {
     const std::uint64_t size = lvx::images::picture_size(decoder->image_width, decoder->image_height,
                                                          depth_of(decoder->out_color_space));
-    if (!lvx::images::is_credible_picture(size, file_size)) {
-        throw "Error";
-    }
-    if (size > lvx::images::largest_block) {
+    if (size > lvx::images::largest_block - sizeof(BITMAPINFOHEADER)) {
         throw std::bad_alloc();
     }
 }
@@ -156,11 +156,10 @@ void refuse_absurd_size(Decoder& decoder, std::uint64_t file_size) {
 void DIBitmap::InitJPEG(const std::string& fileName) {
     Decoder decoder;
     const OwnedFile file = open_picture(fileName);
-    const std::uint64_t file_size = lvx::platform::remaining_length(file.get()).value_or(0);
     jpeg_stdio_src(decoder.get(), file.get());
     jpeg_read_header(decoder.get(), TRUE);
     // Before the decoder takes memory of its own for a picture of that size.
-    refuse_absurd_size(decoder, file_size);
+    refuse_beyond_largest_block(decoder);
 
     const J_COLOR_SPACE space = decoder->out_color_space;
     if (space == JCS_RGB) {

@@ -222,13 +222,28 @@ std::string with_claimed_size(unsigned int width, unsigned int height) {
     return file;
 }
 
-TEST_F(JpegFile, that_claims_far_more_than_it_holds_is_refused) {
-    EXPECT_EQ("Error", thrown_words([&] { Load(with_claimed_size(65000, 65000)); }));
-    EXPECT_EQ("Error", thrown_words([&] { Load(with_claimed_size(20000, 20000)); }));
+// Such files were once taken for damaged ones, by their length.
+TEST_F(JpegFile, of_one_colour_is_read_however_large_and_short_it_is) {
+    const std::string file = lvx_test::make_white_jpeg(5000, 5000);
+    ASSERT_LT(file.size(), 1000u);
+    const DIBitmap bitmap = Load(file);
+    EXPECT_EQ(owl::TSize(5000, 5000), bitmap.GetSize());
+    EXPECT_TRUE(lvx_test::is_white(bitmap.GetBitsAddress().get(), 75'000'000));
 }
 
-TEST_F(JpegFile, of_two_gibibytes_finds_no_memory) {
-    EXPECT_THROW(Load(with_claimed_size(40000, 40000) + std::string(5 << 20, '\0')), std::bad_alloc);
+TEST_F(JpegFile, that_claims_two_gibibytes_or_more_finds_no_memory) {
+    EXPECT_THROW(Load(with_claimed_size(40000, 40000)), std::bad_alloc);
+    EXPECT_THROW(Load(with_claimed_size(65000, 65000)), std::bad_alloc);
+    EXPECT_THROW(Load(with_claimed_size(26755, 26755)), std::bad_alloc);
+    // 31 bytes less than the largest block, in which the header has no room.
+    EXPECT_THROW(Load(with_claimed_size(32764, 21848)), std::bad_alloc);
+}
+
+TEST_F(JpegFile, that_claims_two_gibibytes_leaves_an_image_as_it_was) {
+    DIBitmap bitmap(lvx_test::make_block("earlier"), DIBitmap::Adopt);
+    const std::string name = Write(with_claimed_size(40000, 40000));
+    EXPECT_THROW(bitmap.InitJPEG(name), std::bad_alloc);
+    EXPECT_BYTES("earlier", block_of(bitmap));
 }
 
 // The decoder's own way to fail, on standard error and with the exit status of a failure.

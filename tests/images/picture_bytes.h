@@ -90,6 +90,11 @@ inline std::string block_of(const DIBitmap& bitmap) {
     return all.substr(4);
 }
 
+/// Whether each of `count` bytes is 255; at least one.
+inline bool is_white(const unsigned char* pixels, std::size_t count) {
+    return pixels[0] == 0xFF && std::memcmp(pixels, pixels + 1, count - 1) == 0;
+}
+
 inline bool is_locked(HGLOBAL block) {
     GlobalLock(block);
     return GlobalUnlock(block) != 0;
