@@ -118,14 +118,7 @@ void mix_inks(unsigned char* row, std::size_t width) {
 class RowReader {
 public:
     RowReader(Decoder& decoder, std::size_t place_size)
-        : m_decoder(decoder),
-          m_place_size(place_size),
-          m_long_row(std::size_t{decoder->output_width} *
-                     static_cast<unsigned int>(decoder->output_components)) {
-        if (m_long_row.size() <= place_size) {
-            m_long_row = {};
-        }
-    }
+        : m_decoder(decoder), m_place_size(place_size), m_long_row(size_beyond(place_size, decoder)) {}
 
     void Read(unsigned char* place) {
         JSAMPROW row = m_long_row.empty() ? place : m_long_row.data();
@@ -136,6 +129,13 @@ public:
     }
 
 private:
+    // The size of a decoder's row, if it exceeds that of a place; else 0.
+    static std::size_t size_beyond(std::size_t place_size, const Decoder& decoder) {
+        const std::size_t size =
+            std::size_t{decoder->output_width} * static_cast<unsigned int>(decoder->output_components);
+        return size > place_size ? size : 0;
+    }
+
     Decoder& m_decoder;
     std::size_t m_place_size;
     std::vector<unsigned char> m_long_row;
