@@ -163,7 +163,8 @@ void DIBitmap::InitJPEG(const std::string& fileName) {
 
     const J_COLOR_SPACE space = decoder->out_color_space;
     if (space == JCS_RGB) {
-        // The same values as in RGB, in the order that a block has, without a second walk over each row.
+        // The one parameter of the decoder that is set, and of its output only: the same values as its
+        // default RGB gives, bit by bit, in the order that a block has, without a second walk over each row.
         decoder->out_color_space = JCS_EXT_BGR;
     }
     jpeg_start_decompress(decoder.get());
