@@ -22,6 +22,7 @@ public:
     virtual std::uint32_t GetClrTabEntries(HGLOBAL block) const = 0;
     /// In bytes, as the header has it: the block may be shorter.
     virtual std::uint64_t GetClrTabSize(HGLOBAL block) const = 0;
+    // Last comes MakePalette, with the framework whose palette it makes.
 
     /// The reader that fits the block's first word; for a null block the one for long headers.
     static const Strategy& Select(HGLOBAL block);
