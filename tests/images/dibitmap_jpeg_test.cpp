@@ -268,10 +268,23 @@ TEST_F(JpegFileDeathTest, that_is_damaged_ends_the_process) {
     EXPECT_EXIT(DIBitmap(name, DIBitmap::JPEG), testing::ExitedWithCode(1), "DHT");
 }
 
-TEST_F(JpegFile, that_is_cut_is_filled_up_by_the_decoder) {
-    const std::string file = make_jpeg({.width = 64, .height = 64});
-    const DIBitmap bitmap = Load(file.substr(0, file.size() / 2));
-    EXPECT_EQ(owl::TSize(64, 64), bitmap.GetSize());
+// The file without the last quarter of its coded samples.
+std::string cut_late(const std::string& file) {
+    const std::size_t samples = file.rfind(bytes("FFDA"));
+    return file.substr(0, samples + (file.size() - samples) / 4 * 3);
+}
+
+TEST_F(JpegFile, that_is_cut_keeps_what_came_before_and_is_filled_up_by_the_decoder) {
+    const std::string file = make_jpeg({.width = 64, .height = 128});
+    const std::string whole = expected_pixels(lvx_test::decode_plainly(file), 3, swap_colours);
+    const std::string block = block_of(Load(cut_late(file)));
+    EXPECT_BYTES(expected_header(64, 128, 24), block.substr(0, 40));
+    ASSERT_EQ(40 + whole.size(), block.size());
+    // The lower half of the block is the upper one of the picture, in which all samples are alike hard to
+    // code.
+    const std::size_t half = whole.size() / 2;
+    EXPECT_BYTES(whole.substr(half), block.substr(40 + half));
+    EXPECT_NE(whole.substr(0, 192), block.substr(40, 192));
 }
 
 }  // namespace
