@@ -70,6 +70,15 @@ std::string stored_block(const DIBitmap& bitmap) {
     return store.Data().substr(4);
 }
 
+std::string stored_pixels(const DIBitmap& bitmap) {
+    const std::string block = stored_block(bitmap);
+    const auto table = bitmap.GetClrTabAddress();
+    const auto pixels = bitmap.GetBitsAddress();
+    const auto table_size = pixels.get() - reinterpret_cast<const unsigned char*>(table.get());
+    return block.substr(std::min<std::size_t>(word_at(block, 0), block.size()) +
+                        static_cast<std::size_t>(table_size));
+}
+
 std::size_t check_bitmap(const DIBitmap& bitmap) {
     const std::string block = stored_block(bitmap);
     check_numbers(bitmap, block);

@@ -4,14 +4,17 @@
 //     byte 0      bits 0 and 1: the format asked for, 3 being none   bit 2: FixUp   bits 3 and 4: the format
 //                 saved as   bit 5: the bytes are a block and not a file   bits 6 and 7: who owns the block
 //     the rest    the file or the block
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <memory>
 #include <new>
+#include <string>
 
 #include "bitmap_check.h"
 #include "check.h"
 #include "input.h"
+#include "lvx/platform/bitmap_headers.h"
 #include "lvx/platform/global_memory.h"
 #include "memory_limit.h"
 #include "scratch_file.h"
@@ -28,8 +31,28 @@ DIBitmap::Format format_of(unsigned bits) {
     return static_cast<DIBitmap::Format>(bits % 4);
 }
 
-// What a saved block is after loading. The table is taken from the file where it always was, so the second
-// loading settles it; the pixels lie where the first one found them.
+// Whether the pixels of a saved block are those of the loaded one: its header is all there, and the pixels
+// lie behind it.
+bool keeps_pixels(const std::string& block) {
+    std::uint32_t header_size = 0;
+    if (block.size() < sizeof(BITMAPINFOHEADER)) {
+        return false;
+    }
+    std::memcpy(&header_size, block.data(), sizeof header_size);
+    return header_size == sizeof(BITMAPCOREHEADER) || header_size >= sizeof(BITMAPINFOHEADER);
+}
+
+// Where the one has more, the other has zeros, or what its header leaves out.
+void require_same_pixels(const std::string& saved, const std::string& loaded) {
+    const std::size_t common = std::min(saved.size(), loaded.size());
+    require(saved.compare(0, common, loaded, 0, common) == 0,
+            "a saved bitmap is loaded with the same pixels");
+    require(loaded.find_first_not_of('\0', common) == std::string::npos,
+            "and with zeros for those it lacked");
+}
+
+// Loading takes the table from where it always was in the file, which is not where saving puts it. The pixels
+// come back.
 void check_saved(DIBitmap& bitmap, DIBitmap::Format format) {
     const ScratchFile file("untouched");
     bitmap.SaveAs(file.Name(), format);
@@ -44,6 +67,9 @@ void check_saved(DIBitmap& bitmap, DIBitmap::Format format) {
     try {
         const DIBitmap loaded(file.Name(), DIBitmap::DIB);
         check_bitmap(loaded);
+        if (keeps_pixels(block)) {
+            require_same_pixels(stored_pixels(bitmap), stored_pixels(loaded));
+        }
     } catch (const char*) {
     } catch (const std::bad_alloc&) {
     }
