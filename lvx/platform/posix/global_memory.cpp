@@ -1,5 +1,7 @@
 #include "lvx/platform/global_memory.h"
 
+#include <sys/mman.h>
+
 #include <cstdint>
 #include <cstdlib>
 #include <memory>
@@ -64,9 +66,25 @@ Blocks& blocks() {
     return instance;
 }
 
+// The pages of a large block, which are fresh, are asked for in large pieces: filling a picture of 36 MB
+// would otherwise stop nine thousand times. Where the system has none, nothing changes.
+void prefer_large_pages(void* bytes, std::size_t size) {
+    constexpr std::size_t page = 4096;
+    constexpr std::size_t large = std::size_t{4} * 1024 * 1024;
+    void* start = bytes;
+    std::size_t left = size;
+    if (size >= large && std::align(page, large - page, start, left) != nullptr) {
+        madvise(start, left / page * page, MADV_HUGEPAGE);
+    }
+}
+
 // For zeros calloc, which does not touch the fresh pages of a large block.
 Bytes take_bytes(unsigned int flags, std::size_t size) {
-    return Bytes((flags & GMEM_ZEROINIT) != 0 ? std::calloc(size, 1) : std::malloc(size));
+    Bytes bytes((flags & GMEM_ZEROINIT) != 0 ? std::calloc(size, 1) : std::malloc(size));
+    if (bytes != nullptr) {
+        prefer_large_pages(bytes.get(), size);
+    }
+    return bytes;
 }
 
 }  // namespace
