@@ -87,6 +87,26 @@ TEST(Extract, keeps_what_it_had_before_damage_and_tells_the_damage) {
         result.err);
 }
 
+// The picture of the last stream came out of the wrong class when the stream before it was damaged.
+TEST(Extract, ends_at_damage_when_the_numbers_run_on_from_stream_to_stream) {
+    const Folder folder;
+    CompoundBuilder builder;
+    builder.Add(u"First", small_picture);
+    builder.Add(u"Bad", int_bytes(1) + "BcmyFont");
+    builder.Add(u"Last", int_bytes(1) + bytes_of("42 43 00000000 6f 38000000") + small_block);
+    const std::string name = folder.Write("x", builder.Build());
+    const Result continued = run({"extract", "--continued", name, "-o", folder.File("out")});
+    EXPECT_EQ(1, continued.status);
+    EXPECT_EQ("First.bmp\n", continued.out);
+    EXPECT_EQ(
+        "lvxdoc: stream \"Bad\": offset 12 (0x0000000c): a class name needs 1 byte here, but the data end "
+        "after 0 bytes\n",
+        continued.err);
+    const Result good = run({"extract", "--continued", name, "First", "Last", "-o", folder.File("good")});
+    EXPECT_EQ("First.bmp\nLast.bmp\n", good.out);
+    EXPECT_EQ(0, good.status);
+}
+
 TEST(Extract, needs_a_folder) {
     const Folder folder;
     const Result result = run({"extract", folder.Write("x", small_picture)});

@@ -63,7 +63,12 @@ int run(const Arguments& arguments, Console& console) {
         if (!arguments.Has("continued")) {
             numbering = {};
         }
-        all_good = extract_part(document, part, schema, numbering, writer, bar, console) && all_good;
+        const bool good = extract_part(document, part, schema, numbering, writer, bar, console);
+        all_good = all_good && good;
+        if (!good && arguments.Has("continued")) {
+            // From here on every number would be a guess.
+            break;
+        }
     }
     return all_good ? 0 : 1;
 }
