@@ -107,6 +107,35 @@ TEST(Extract, ends_at_damage_when_the_numbers_run_on_from_stream_to_stream) {
     EXPECT_EQ(0, good.status);
 }
 
+// One file in the way cost all pictures behind it in the same stream.
+TEST(Extract, goes_on_in_the_stream_behind_a_bitmap_whose_file_exists) {
+    const Folder folder;
+    CompoundBuilder builder;
+    const std::string again = bytes_of("42 43 00000000 6f 38000000") + small_block;
+    builder.Add(u"Sky", small_picture + again);
+    builder.Add(u"Sea", int_bytes(1) + again);
+    const std::string name = folder.Write("x", builder.Build());
+    std::filesystem::create_directory(folder.Path() / "out");
+    folder.Write("out/Sky.bmp", "old");
+    const Result result = run({"extract", "--continued", name, "-o", folder.File("out")});
+    EXPECT_EQ(1, result.status);
+    EXPECT_EQ("Sky-2.bmp\nSea.bmp\n", result.out);
+    EXPECT_EQ("lvxdoc: stream \"Sky\": 'Sky.bmp' exists already; --force replaces it\n", result.err);
+    EXPECT_EQ("old", read_file(folder.Path() / "out" / "Sky.bmp"));
+    EXPECT_EQ(bitmap_file, read_file(folder.Path() / "out" / "Sky-2.bmp"));
+}
+
+TEST(Extract, goes_on_in_the_stream_behind_a_block_that_is_no_bitmap) {
+    const Folder folder;
+    const std::string name = folder.Write("x", bytes_of("01000000 42 63 'LVXUtilities::DIBitmap' 0d0a 6f"
+                                                        "03000000 'abc' 42 43 00000000 6f 38000000") +
+                                                   small_block);
+    const Result result = run({"extract", name, "-o", folder.File("out")});
+    EXPECT_EQ(1, result.status);
+    EXPECT_EQ("picture-2.bmp\n", result.out);
+    EXPECT_EQ("lvxdoc: 'picture.bmp' would be no bitmap: it has no header\n", result.err);
+}
+
 TEST(Extract, needs_a_folder) {
     const Folder folder;
     const Result result = run({"extract", folder.Write("x", small_picture)});
