@@ -58,7 +58,9 @@ TEST(BitmapWriter, does_not_touch_a_file_that_exists_unless_forced) {
     folder.Write("sky.bmp", "old");
     BitmapWriter careful(folder.Path(), false);
     careful.BeginStream("sky");
-    EXPECT_THROW(careful.BeginBitmap(56), Failure);
+    write(careful, small_block);
+    EXPECT_THAT(careful.Refused(), ElementsAre("'sky.bmp' exists already; --force replaces it"));
+    EXPECT_THAT(careful.Written(), IsEmpty());
     EXPECT_EQ("old", read_file(folder.Path() / "sky.bmp"));
     BitmapWriter bold(folder.Path(), true);
     bold.BeginStream("sky");
@@ -70,13 +72,31 @@ TEST(BitmapWriter, refuses_what_would_be_no_bitmap_and_leaves_nothing) {
     const Folder folder;
     BitmapWriter writer(folder.Path(), false);
     writer.BeginStream("sky");
-    writer.BeginBitmap(3);
-    EXPECT_THROW(writer.TakeBitmapBytes("abc"), Failure);
-    writer.Abandon();
-    writer.BeginBitmap(50);
-    EXPECT_THROW(writer.TakeBitmapBytes(small_block), Failure);
-    writer.Abandon();
+    write(writer, "abc");
+    write(writer, small_block.substr(0, 50));
+    EXPECT_THAT(writer.Refused(),
+                ElementsAre("'sky.bmp' would be no bitmap: it has no header",
+                            "'sky-2.bmp' would be no bitmap: its header asks for 40 bytes of header and "
+                            "colours and 16 bytes of pixels, but the block has 50 bytes"));
     EXPECT_THAT(folder.Names(), IsEmpty());
+}
+
+TEST(BitmapWriter, goes_on_behind_a_bitmap_that_it_refused) {
+    const Folder folder;
+    BitmapWriter writer(folder.Path(), false);
+    writer.BeginStream("sky");
+    write(writer, small_block.substr(0, 50));
+    write(writer, small_block);
+    EXPECT_THAT(writer.Written(), ElementsAre("sky-2.bmp"));
+    EXPECT_EQ(bytes_of("'BM' 46000000 0000 0000 36000000") + small_block,
+              read_file(folder.Path() / "sky-2.bmp"));
+}
+
+TEST(BitmapWriter, throws_when_the_file_cannot_be_made) {
+    const Folder folder;
+    BitmapWriter writer(folder.Path() / "none", false);
+    writer.BeginStream("sky");
+    EXPECT_THROW(writer.BeginBitmap(56), Failure);
 }
 
 TEST(BitmapWriter, leaves_nothing_of_a_bitmap_that_was_cut_short) {

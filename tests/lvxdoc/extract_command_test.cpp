@@ -87,6 +87,55 @@ TEST(Extract, keeps_what_it_had_before_damage_and_tells_the_damage) {
         result.err);
 }
 
+// The picture of the last stream came out of the wrong class when the stream before it was damaged.
+TEST(Extract, ends_at_damage_when_the_numbers_run_on_from_stream_to_stream) {
+    const Folder folder;
+    CompoundBuilder builder;
+    builder.Add(u"First", small_picture);
+    builder.Add(u"Bad", int_bytes(1) + "BcmyFont");
+    builder.Add(u"Last", int_bytes(1) + bytes_of("42 43 00000000 6f 38000000") + small_block);
+    const std::string name = folder.Write("x", builder.Build());
+    const Result continued = run({"extract", "--continued", name, "-o", folder.File("out")});
+    EXPECT_EQ(1, continued.status);
+    EXPECT_EQ("First.bmp\n", continued.out);
+    EXPECT_EQ(
+        "lvxdoc: stream \"Bad\": offset 12 (0x0000000c): a class name needs 1 byte here, but the data end "
+        "after 0 bytes\n",
+        continued.err);
+    const Result good = run({"extract", "--continued", name, "First", "Last", "-o", folder.File("good")});
+    EXPECT_EQ("First.bmp\nLast.bmp\n", good.out);
+    EXPECT_EQ(0, good.status);
+}
+
+// One file in the way cost all pictures behind it in the same stream.
+TEST(Extract, goes_on_in_the_stream_behind_a_bitmap_whose_file_exists) {
+    const Folder folder;
+    CompoundBuilder builder;
+    const std::string again = bytes_of("42 43 00000000 6f 38000000") + small_block;
+    builder.Add(u"Sky", small_picture + again);
+    builder.Add(u"Sea", int_bytes(1) + again);
+    const std::string name = folder.Write("x", builder.Build());
+    std::filesystem::create_directory(folder.Path() / "out");
+    folder.Write("out/Sky.bmp", "old");
+    const Result result = run({"extract", "--continued", name, "-o", folder.File("out")});
+    EXPECT_EQ(1, result.status);
+    EXPECT_EQ("Sky-2.bmp\nSea.bmp\n", result.out);
+    EXPECT_EQ("lvxdoc: stream \"Sky\": 'Sky.bmp' exists already; --force replaces it\n", result.err);
+    EXPECT_EQ("old", read_file(folder.Path() / "out" / "Sky.bmp"));
+    EXPECT_EQ(bitmap_file, read_file(folder.Path() / "out" / "Sky-2.bmp"));
+}
+
+TEST(Extract, goes_on_in_the_stream_behind_a_block_that_is_no_bitmap) {
+    const Folder folder;
+    const std::string name = folder.Write("x", bytes_of("01000000 42 63 'LVXUtilities::DIBitmap' 0d0a 6f"
+                                                        "03000000 'abc' 42 43 00000000 6f 38000000") +
+                                                   small_block);
+    const Result result = run({"extract", name, "-o", folder.File("out")});
+    EXPECT_EQ(1, result.status);
+    EXPECT_EQ("picture-2.bmp\n", result.out);
+    EXPECT_EQ("lvxdoc: 'picture.bmp' would be no bitmap: it has no header\n", result.err);
+}
+
 TEST(Extract, needs_a_folder) {
     const Folder folder;
     const Result result = run({"extract", folder.Write("x", small_picture)});

@@ -133,6 +133,28 @@ TEST(PackPictures, tells_the_picture_and_the_cause_and_leaves_nothing) {
                       .find("cannot write '" + folder.File("no/folder/d.lvx") + "': "));
 }
 
+TEST(PackPictures, moves_the_bar_for_what_is_written_and_for_what_is_read_back) {
+    const Folder folder;
+    const std::string sky = folder.Write("sky.bmp", bitmap_file);
+    const std::string sea = folder.Write("sea.bmp", bitmap_file);
+    EXPECT_EQ(4 * bitmap_file.size(), packing_steps({sky, sea}));
+    EXPECT_EQ(0u, packing_steps({folder.File("none")}));
+    // Every look at the clock finds a second more, so that each step is drawn.
+    std::chrono::milliseconds now{0};
+    StringOutput terminal;
+    {
+        ProgressBar bar(terminal, true, packing_steps({sky, sea}),
+                        [&now] { return now += std::chrono::seconds(1); });
+        pack_pictures(folder.File("d.lvx"), {sky, sea}, false, &bar);
+    }
+    const std::string text = terminal.Text();
+    std::size_t place = 0;
+    for (const char* share : {" 25%", " 50%", " 75%", "100%"}) {
+        place = text.find(share, place);
+        EXPECT_NE(std::string::npos, place) << share;
+    }
+}
+
 TEST(PackPictures, takes_real_photographs) {
     const Folder folder;
     const std::filesystem::path shared = lvx_test::shared_data();

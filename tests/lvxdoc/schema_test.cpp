@@ -23,7 +23,8 @@ TEST(Schema, knows_the_classes_of_the_library) {
     EXPECT_EQ("long size;bitmap block;", fields_of(schema.FindClass("LVXUtilities::DIBitmap")));
     EXPECT_EQ("string face;double size;bool bold;bool italic;bool underline;bool strikeout;",
               fields_of(schema.FindClass("myFont")));
-    EXPECT_EQ("cstring text;", fields_of(schema.FindClass("VString")));
+    EXPECT_EQ("cstring text;", fields_of(&schema.OlderString()));
+    EXPECT_EQ(nullptr, schema.FindClass("VString"));
     EXPECT_EQ(nullptr, schema.FindClass("Star"));
 }
 

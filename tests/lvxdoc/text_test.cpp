@@ -40,6 +40,14 @@ TEST(EscapeName, escapes_separators_control_characters_and_halves_of_pairs) {
 TEST(EscapeName, escapes_what_would_turn_or_hide_text) {
     EXPECT_EQ("a\\u202egpj", escape_name(u"a\u202egpj"));
     EXPECT_EQ("\\u200b\\ufeff", escape_name(u"\u200b\ufeff"));
+    EXPECT_EQ("a\\u061cb\\xadc", escape_name(u"a\u061cb\u00adc"));
+    EXPECT_EQ("\\u034f\\u115f\\u180e\\u3164\\ufe0f\\uffa0\\ufff9",
+              escape_name(u"\u034f\u115f\u180e\u3164\ufe0f\uffa0\ufff9"));
+}
+
+TEST(EscapeName, leaves_letters_beside_what_it_escapes) {
+    EXPECT_EQ("\xc2\xa0\xc2\xac\xc2\xae\xd8\x9b\xe2\x80\x8a\xef\xbf\xbc",
+              escape_name(u"\u00a0\u00ac\u00ae\u061b\u200a\ufffc"));
 }
 
 TEST(JsonBytes, makes_each_byte_the_character_of_its_number) {

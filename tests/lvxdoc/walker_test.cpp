@@ -73,6 +73,24 @@ TEST(Walker, gives_older_strings_an_id_and_a_class_number) {
                     "65 marker B (binary)", "66 reference to object 1, \"myFont\""));
 }
 
+// "ok" was said of a document that no program can open.
+TEST(Walker, takes_an_older_string_only_where_a_string_is_expected) {
+    const std::string bytes = bytes_of("01000000 42 63 'VString' 0d0a 6f 02000000 'ab' 00");
+    const std::string why =
+        "damage at 4: the class \"VString\" is not described; a schema has to have a line 'class VString' "
+        "with "
+        "its fields behind it";
+    EXPECT_EQ(why, end_of_walk(bytes));
+    EXPECT_EQ(why, end_of_walk(bytes, "", true));
+    EXPECT_EQ("16 cstring own = \"ab\"", end_of_walk(bytes, "class VString\n cstring own\n", true));
+}
+
+TEST(Walker, reads_an_older_string_as_one_whatever_a_schema_says_of_its_class) {
+    EXPECT_EQ("16 cstring text = \"ab\"",
+              end_of_walk(bytes_of("01000000 42 63 'VString' 0d0a 6f 02000000 'ab' 00"),
+                          "top\n long version\n string s\nclass VString\n int(20) other\n", true));
+}
+
 TEST(Walker, takes_a_null_pointer_with_and_without_a_marker) {
     EXPECT_THAT(walk("0B0", "top\n object a\n object b\n"),
                 ElementsAre("0 null", "1 marker B (binary)", "2 null"));

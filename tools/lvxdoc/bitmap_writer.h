@@ -1,7 +1,8 @@
 // tools/lvxdoc/bitmap_writer.h
 //
 // Writes the bitmaps that a walk passes into files of a folder. They go there piece by piece, so that the
-// largest picture takes no memory.
+// largest picture takes no memory. A bitmap that is refused is passed over and told afterwards; the walk goes
+// on to those behind it.
 #pragma once
 
 #include <filesystem>
@@ -24,9 +25,9 @@ public:
     void BeginStream(const std::string& name) { m_stem = file_name_for(name); }
 
     void Take(const Event&) override {}
-    /// Throws Failure if the file cannot be written or is there already.
+    /// Refuses the bitmap if its file is there already. Throws Failure if the file cannot be made.
     void BeginBitmap(std::uint64_t size) override;
-    /// Throws Failure also for a block without a header of a bitmap.
+    /// Refuses a block without a plausible header. Throws Failure if the file cannot be written.
     void TakeBitmapBytes(std::string_view bytes) override;
     void EndBitmap() override;
 
@@ -36,8 +37,12 @@ public:
     /// The names of the files that are complete, without the folder.
     const std::vector<std::string>& Written() const { return m_written; }
 
+    /// Why bitmaps were passed over, a text for each.
+    const std::vector<std::string>& Refused() const { return m_refused; }
+
 private:
-    void WriteFileHeader(std::string_view start);
+    void Refuse(const std::string& why);
+    bool WriteFileHeader(std::string_view start);
 
     std::filesystem::path m_folder;
     bool m_force;
@@ -46,8 +51,10 @@ private:
     std::string m_name;
     std::uint64_t m_size = 0;
     bool m_has_header = false;
+    // None while a bitmap is passed over.
     std::unique_ptr<PendingFile> m_file;
     std::vector<std::string> m_written;
+    std::vector<std::string> m_refused;
 };
 
 }  // namespace lvxdoc

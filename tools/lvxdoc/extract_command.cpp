@@ -25,12 +25,10 @@ void report(const std::string& part, const std::string& why, Console& console) {
     console.err.Line("lvxdoc: " + (part.empty() ? why : "stream \"" + part + "\": " + why));
 }
 
-// Tells each file as it is complete. True if everything in the part was walked and written.
-bool extract_part(const Document& document, const Document::Part& part, const Schema& schema,
-                  Numbering& numbering, BitmapWriter& writer, ProgressBar& bar, Console& console) {
-    const std::size_t before = writer.Written().size();
+// Writes what can be written, and tells why if the part was not walked to its end.
+bool walk_to_the_end(const Document& document, const Document::Part& part, const Schema& schema,
+                     Numbering& numbering, BitmapWriter& writer, ProgressBar& bar, Console& console) {
     std::string why;
-    writer.BeginStream(part.name.empty() ? "picture" : part.name);
     try {
         walk_part(document, part, schema, false, numbering, writer, bar);
     } catch (const Damage& damage) {
@@ -39,13 +37,32 @@ bool extract_part(const Document& document, const Document::Part& part, const Sc
         why = failure.what();
     }
     writer.Abandon();
-    for (std::size_t i = before; i < writer.Written().size(); ++i) {
-        console.out.Line(writer.Written()[i]);
-    }
     if (!why.empty()) {
         report(part.name, why, console);
     }
     return why.empty();
+}
+
+struct Outcome {
+    bool walked = false;
+    bool all_written = false;
+};
+
+Outcome extract_part(const Document& document, const Document::Part& part, const Schema& schema,
+                     Numbering& numbering, BitmapWriter& writer, ProgressBar& bar, Console& console) {
+    const std::size_t written = writer.Written().size();
+    const std::size_t refused = writer.Refused().size();
+    writer.BeginStream(part.name.empty() ? "picture" : part.name);
+    Outcome outcome;
+    outcome.walked = walk_to_the_end(document, part, schema, numbering, writer, bar, console);
+    outcome.all_written = outcome.walked && writer.Refused().size() == refused;
+    for (std::size_t i = written; i < writer.Written().size(); ++i) {
+        console.out.Line(writer.Written()[i]);
+    }
+    for (std::size_t i = refused; i < writer.Refused().size(); ++i) {
+        report(part.name, writer.Refused()[i], console);
+    }
+    return outcome;
 }
 
 int run(const Arguments& arguments, Console& console) {
@@ -63,7 +80,12 @@ int run(const Arguments& arguments, Console& console) {
         if (!arguments.Has("continued")) {
             numbering = {};
         }
-        all_good = extract_part(document, part, schema, numbering, writer, bar, console) && all_good;
+        const Outcome outcome = extract_part(document, part, schema, numbering, writer, bar, console);
+        all_good = all_good && outcome.all_written;
+        if (!outcome.walked && arguments.Has("continued")) {
+            // From here on every number would be a guess.
+            break;
+        }
     }
     return all_good ? 0 : 1;
 }

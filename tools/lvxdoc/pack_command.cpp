@@ -8,10 +8,25 @@
 namespace lvxdoc {
 namespace {
 
+void warn_of_flaws(const std::vector<PackedPicture>& packed, Console& console) {
+    for (const PackedPicture& picture : packed) {
+        if (!picture.flaw.empty()) {
+            console.err.Line("lvxdoc: warning: '" + picture.file +
+                             "' is packed as it is, but 'check' will call it damaged: " + picture.flaw);
+        }
+    }
+}
+
+std::vector<PackedPicture> pack_with_bar(const Arguments& arguments, Console& console) {
+    const std::vector<std::string> pictures(arguments.words.begin() + 1, arguments.words.end());
+    ProgressBar bar(console.err, console.err_is_terminal, packing_steps(pictures));
+    return pack_pictures(arguments.words.front(), pictures, arguments.Has("force"), &bar);
+}
+
 int run(const Arguments& arguments, Console& console) {
     const std::string& document = arguments.words.front();
-    const std::vector<std::string> pictures(arguments.words.begin() + 1, arguments.words.end());
-    const auto packed = pack_pictures(document, pictures, arguments.Has("force"));
+    const auto packed = pack_with_bar(arguments, console);
+    warn_of_flaws(packed, console);
     console.out.Line(document + ": " + counted(packed.size(), "picture"));
     for (const PackedPicture& picture : packed) {
         console.out.Line("  " + picture.file + " -> stream \"" + picture.stream + "\", " +

@@ -40,7 +40,9 @@ PendingFile::PendingFile(std::filesystem::path target)
 
 PendingFile::~PendingFile() {
     Remove();
-    current = nullptr;
+    if (current == this) {
+        current = nullptr;
+    }
 }
 
 void PendingFile::Refuse(const std::string& why) const {

@@ -9,6 +9,7 @@
 #include "lvx/images/dibitmap.h"
 #include "lvx/store/object_store_storage.h"
 #include "lvx/store/object_store_stream.h"
+#include "tools/lvxdoc/bitmap_header.h"
 #include "tools/lvxdoc/byte_source.h"
 #include "tools/lvxdoc/compound_file.h"
 #include "tools/lvxdoc/errors.h"
@@ -25,6 +26,12 @@ using LVXUtilities::DIBitmap;
 using LVXUtilities::ObjectStoreStorage;
 
 constexpr std::size_t longest_stream_name = 31;
+
+std::uint64_t steps_of(const std::string& file) {
+    std::error_code error;
+    const auto size = std::filesystem::file_size(platform::native_path(file), error);
+    return error ? 0 : size;
+}
 
 std::unique_ptr<DIBitmap> load(const std::string& file) {
     try {
@@ -52,30 +59,61 @@ PackedPicture pack_picture(ObjectStoreStorage& document, const std::string& file
         throw Failure("cannot make the stream '" + stream + "': " + error);
     }
     put_picture(document, *picture);
-    return {file, stream, picture->GetWidth(), std::abs(picture->GetHeight()), picture->GetBitsPerPixel()};
+    return {file, stream, picture->GetWidth(), std::abs(picture->GetHeight()), picture->GetBitsPerPixel(),
+            {}};
 }
 
-class BitmapCount : public EventSink {
+// Counts the bitmaps of a stream and looks at their headers.
+class HeaderWatch : public EventSink {
 public:
     void Take(const Event&) override {}
-    void EndBitmap() override { ++number; }
-    std::size_t number = 0;
+    void BeginBitmap(std::uint64_t size) override {
+        m_size = size;
+        m_at_start = true;
+    }
+    // The first piece has the whole header in it.
+    void TakeBitmapBytes(std::string_view bytes) override {
+        if (m_at_start) {
+            flaw = find_flaw(bytes, m_size);
+            m_at_start = false;
+        }
+    }
+    void EndBitmap() override { ++bitmaps; }
+
+    std::size_t bitmaps = 0;
+    std::string flaw;
+
+private:
+    static std::string find_flaw(std::string_view start, std::uint64_t size) {
+        const auto header =
+            decode_bitmap_header(reinterpret_cast<const unsigned char*>(start.data()), start.size());
+        return header ? find_implausible(*header, size).value_or("") : "it has no room for a header";
+    }
+
+    std::uint64_t m_size = 0;
+    bool m_at_start = false;
 };
 
+void read_back(const Document& document, PackedPicture& picture) {
+    const Schema schema;
+    StringOutput nowhere;
+    ProgressBar no_bar(nowhere, false, 0);
+    Numbering numbering;
+    HeaderWatch watch;
+    walk_part(document, document.Find(picture.stream), schema, false, numbering, watch, no_bar);
+    if (watch.bitmaps != 1) {
+        throw Failure("what was written does not read back whole");
+    }
+    picture.flaw = watch.flaw;
+}
+
 // A disk may lose without a word what it took; the document is walked before anybody relies on it.
-void read_back(const std::string& place, std::size_t pictures) {
+void read_back(const std::string& place, std::vector<PackedPicture>& pictures, ProgressBar& bar) {
     try {
         const Document document(place);
-        const Schema schema;
-        StringOutput nowhere;
-        ProgressBar no_bar(nowhere, false, 0);
-        BitmapCount count;
-        for (const Document::Part& part : document.Parts()) {
-            Numbering numbering;
-            walk_part(document, part, schema, false, numbering, count, no_bar);
-        }
-        if (count.number != pictures) {
-            throw Failure("what was written does not read back whole");
+        for (PackedPicture& picture : pictures) {
+            read_back(document, picture);
+            bar.Advance(steps_of(picture.file));
         }
     } catch (const Damage& damage) {
         throw Failure("what was written does not read back: " + tell_damage(damage));
@@ -83,7 +121,7 @@ void read_back(const std::string& place, std::size_t pictures) {
 }
 
 std::vector<PackedPicture> fill(ObjectStoreStorage& document, const std::string& place,
-                                const std::vector<std::string>& pictures) {
+                                const std::vector<std::string>& pictures, ProgressBar& bar) {
     std::string error;
     if (!document.OpenStorage(place, ObjectStore::ForWrite, error)) {
         throw Failure(error);
@@ -94,6 +132,7 @@ std::vector<PackedPicture> fill(ObjectStoreStorage& document, const std::string&
     for (const std::string& file : pictures) {
         packed.push_back(
             pack_picture(document, file, names.Take(stream_name_for(file), longest_stream_name)));
+        bar.Advance(steps_of(file));
     }
     document.CloseStream();
     return packed;
@@ -129,7 +168,10 @@ void check_picture(const std::string& file) {
 }
 
 std::vector<PackedPicture> pack_pictures(const std::string& name, const std::vector<std::string>& pictures,
-                                         bool force) {
+                                         bool force, ProgressBar* bar) {
+    StringOutput nowhere;
+    ProgressBar no_bar(nowhere, false, 0);
+    ProgressBar& shown = bar != nullptr ? *bar : no_bar;
     for (const std::string& file : pictures) {
         check_picture(file);
     }
@@ -140,8 +182,8 @@ std::vector<PackedPicture> pack_pictures(const std::string& name, const std::vec
     ObjectStoreStorage document;
     pending.OnProcessEnd([&document] { document.CloseStream(); });
     try {
-        auto packed = fill(document, place, pictures);
-        read_back(place, pictures.size());
+        auto packed = fill(document, place, pictures, shown);
+        read_back(place, packed, shown);
         pending.Commit(true);
         return packed;
     } catch (const Failure&) {
@@ -149,6 +191,15 @@ std::vector<PackedPicture> pack_pictures(const std::string& name, const std::vec
     } catch (const lvx::runtime_error& error) {
         throw Failure("cannot write '" + name + "': " + error.what());
     }
+}
+
+std::uint64_t packing_steps(const std::vector<std::string>& pictures) {
+    std::uint64_t steps = 0;
+    for (const std::string& file : pictures) {
+        // Once for writing and once for reading back.
+        steps += 2 * steps_of(file);
+    }
+    return steps;
 }
 
 }  // namespace lvxdoc

@@ -21,7 +21,10 @@ class myFont
     bool italic
     bool underline
     bool strikeout
+)";
 
+// Its text is read as the value it is, whatever a schema says about the class.
+constexpr std::string_view older_string = R"(
 class VString
     cstring text
 )";
@@ -41,6 +44,8 @@ const char* type_name(Type type) {
 
 Schema::Schema() {
     Add(built_in, "built-in schema");
+    m_records.push_back(std::move(parse_schema(older_string, "built-in schema").front().record));
+    m_older_string = &m_records.back();
 }
 
 void Schema::Add(std::string_view text, const std::string& file) {

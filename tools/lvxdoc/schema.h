@@ -57,8 +57,8 @@ struct Record {
 
 class Schema {
 public:
-    /// The classes of the library, LVXUtilities::DIBitmap, myFont and the older VString, and the usual top: a
-    /// long, then objects to the end.
+    /// The classes of the library, LVXUtilities::DIBitmap and myFont, and the usual top: a long, then objects
+    /// to the end.
     Schema();
 
     /// Adds the descriptions in `text`; they go before the built-in ones. Throws Usage that begins with
@@ -68,6 +68,11 @@ public:
     /// As the library looks classes up: the part behind the first "::" of `name` is what counts, but a class
     /// that is described under its whole name comes first. Null if there is none.
     const Record* FindClass(std::string_view name) const;
+
+    /// The text in an older string, an object of the class VString that stands in the place of a string. Not
+    /// found by FindClass: as an object it is of a class like any other, which nobody creates unless a schema
+    /// describes it.
+    const Record& OlderString() const { return *m_older_string; }
 
     /// What stands at the top of the stream of that name.
     const Record& TopOf(std::string_view stream) const;
@@ -80,6 +85,7 @@ private:
     Records m_keys;
     Records m_tops;
     const Record* m_default_top = nullptr;
+    const Record* m_older_string = nullptr;
 };
 
 }  // namespace lvxdoc

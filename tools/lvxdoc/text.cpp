@@ -1,6 +1,7 @@
 #include "tools/lvxdoc/text.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace lvxdoc {
 namespace {
@@ -35,10 +36,33 @@ void append_utf8(std::string& text, char32_t character) {
 
 // Marks that turn the direction of text, or take no room, could make one name look like another.
 bool is_deceptive(char32_t character) {
-    return character < 0x20 || (character >= 0x7f && character < 0xa0) ||
-           (character >= 0x200b && character <= 0x200f) || (character >= 0x2028 && character <= 0x202e) ||
-           (character >= 0x2060 && character <= 0x206f) || (character >= 0xd800 && character < 0xe000) ||
-           character == 0xfeff || character == 0xfffe || character == 0xffff;
+    struct Range {
+        char32_t first;
+        char32_t last;
+    };
+    constexpr Range ranges[] = {
+        {0x0000, 0x001f},  // control characters
+        {0x007f, 0x009f},  // more of them
+        {0x00ad, 0x00ad},  // soft hyphen
+        {0x034f, 0x034f},  // grapheme joiner
+        {0x061c, 0x061c},  // Arabic letter mark
+        {0x115f, 0x1160},  // Hangul fillers
+        {0x17b4, 0x17b5},  // Khmer vowels that are not drawn
+        {0x180b, 0x180f},  // Mongolian selectors and separator
+        {0x200b, 0x200f},  // zero-width characters, direction marks
+        {0x2028, 0x202e},  // line ends, embeddings and overrides
+        {0x2060, 0x206f},  // joiners, isolates, invisible operators
+        {0x3164, 0x3164},  // Hangul filler
+        {0xd800, 0xdfff},  // halves of pairs
+        {0xfe00, 0xfe0f},  // variation selectors
+        {0xfeff, 0xfeff},  // byte order mark
+        {0xffa0, 0xffa0},  // halfwidth filler
+        {0xfff0, 0xfffb},  // reserved, annotations
+        {0xfffe, 0xffff},  // no characters
+    };
+    return std::any_of(std::begin(ranges), std::end(ranges), [character](const Range& range) {
+        return character >= range.first && character <= range.last;
+    });
 }
 
 bool is_pair(std::u16string_view name, std::size_t i) {

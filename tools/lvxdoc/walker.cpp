@@ -163,7 +163,8 @@ void Walker::ReadObject(bool to_end) {
     ObjectClass found{};
     unsigned char last_tag = 0;
     if (ReadObjectHead(found, last_tag)) {
-        BeginObject(found);
+        ReadBodyTag();
+        BeginObject(found, Described(found));
         return;
     }
     if (last_tag == '0' || last_tag == 'O') {
@@ -272,19 +273,22 @@ const Record& Walker::Described(const ObjectClass& found) const {
     return *record;
 }
 
-void Walker::BeginObject(const ObjectClass& found) {
+void Walker::ReadBodyTag() {
     const std::uint64_t offset = m_cursor.Position();
     const unsigned char body = m_cursor.ReadByte("the body of an object");
     if (body != 'o') {
         throw Damage(offset, "the body of an object begins with \"o\", not with " + tag_text(body));
     }
-    const Record& record = Described(found);
+}
+
+// Behind the tag of its body.
+void Walker::BeginObject(const ObjectClass& found, const Record& record) {
     if (m_frames.size() > m_options.deepest_nest) {
         throw Damage(found.offset,
                      "objects are nested deeper than " + std::to_string(m_options.deepest_nest));
     }
     m_numbering.objects.push_back(found.number);
-    Emit(Kind::object, offset, static_cast<std::int64_t>(m_numbering.objects.size()) - 1,
+    Emit(Kind::object, m_cursor.Position() - 1, static_cast<std::int64_t>(m_numbering.objects.size()) - 1,
          m_numbering.class_names[found.number]);
     Open(record);
 }
@@ -298,7 +302,7 @@ void Walker::ReadString(const std::string& name) {
         m_values.ReadTaggedString(offset, name);
         return;
     }
-    // The older form, an object of a class of its own.
+    // The older form, an object of a class that nothing but this place reads.
     ObjectClass found{};
     unsigned char last_tag = 0;
     if (!ReadObjectHead(found, last_tag)) {
@@ -310,7 +314,8 @@ void Walker::ReadString(const std::string& name) {
         throw Damage(offset, "the string '" + name + "' begins here, but an object of the class " +
                                  quoted(class_name) + " is found");
     }
-    BeginObject(found);
+    ReadBodyTag();
+    BeginObject(found, m_schema.OlderString());
 }
 
 }  // namespace lvxdoc

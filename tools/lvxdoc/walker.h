@@ -81,7 +81,8 @@ private:
     std::uint32_t ReadClassName(std::uint64_t offset);
     std::uint32_t ReadClassNumber(std::uint64_t offset);
     void ReadReference(std::uint64_t offset);
-    void BeginObject(const ObjectClass& found);
+    void ReadBodyTag();
+    void BeginObject(const ObjectClass& found, const Record& record);
     const Record& Described(const ObjectClass& found) const;
     void Emit(Event::Kind kind, std::uint64_t offset, std::int64_t number, std::string_view text);
 

@@ -26,6 +26,24 @@ TEST(CreateNew, makes_a_file_and_refuses_one_that_exists) {
     EXPECT_EQ(EEXIST, errno);
 }
 
+// On Windows an interrupt left the half-written file behind.
+TEST(CreateNew, makes_a_file_that_can_be_removed_while_it_is_open) {
+    const Folder folder;
+    std::FILE* const file = platform::create_new(folder.Path() / "x");
+    ASSERT_NE(nullptr, file);
+    std::fputs("a\n", file);
+    EXPECT_EQ(0, std::remove(folder.File("x").c_str()));
+    std::fclose(file);
+    EXPECT_FALSE(std::filesystem::exists(folder.Path() / "x"));
+}
+
+TEST(CreateNew, tells_that_a_folder_is_missing) {
+    const Folder folder;
+    errno = 0;
+    EXPECT_EQ(nullptr, platform::create_new(folder.Path() / "none" / "x"));
+    EXPECT_EQ(ENOENT, errno);
+}
+
 TEST(IsTerminal, is_false_for_a_file) {
     const Folder folder;
     std::FILE* const file = std::fopen(folder.File("x").c_str(), "wb");

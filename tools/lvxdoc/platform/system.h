@@ -16,6 +16,7 @@ std::filesystem::path native_path(const std::string& name);
 std::string narrow_name(const std::filesystem::path& path);
 
 /// Makes the file `path` and opens it for writing. Null, with errno set, if that fails or anything is there.
+/// It can be removed while it is open; the name may stay taken until it is closed.
 std::FILE* create_new(const std::filesystem::path& path);
 
 /// Whether a person looks at `file`.

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <memory>
 
 #include "tests/lvxdoc/platform/posix/process.h"
 #include "tests/lvxdoc/support.h"
@@ -87,6 +88,18 @@ TEST(ProcessEnd, removes_a_pending_file_on_an_interrupt) {
     };
     EXPECT_EXIT(leave(SIGINT), testing::ExitedWithCode(130), "");
     EXPECT_EXIT(leave(SIGTERM), testing::ExitedWithCode(130), "");
+    EXPECT_THAT(folder.Names(), IsEmpty());
+}
+
+TEST(ProcessEnd, removes_the_later_of_two_pending_files_when_the_earlier_is_gone) {
+    const Folder folder;
+    const auto leave = [&folder] {
+        auto earlier = std::make_unique<lvxdoc::PendingFile>(folder.Path() / "x");
+        lvxdoc::PendingFile later(folder.Path() / "y");
+        earlier.reset();
+        std::raise(SIGINT);
+    };
+    EXPECT_EXIT(leave(), testing::ExitedWithCode(130), "");
     EXPECT_THAT(folder.Names(), IsEmpty());
 }
 

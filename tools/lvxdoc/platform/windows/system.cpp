@@ -2,12 +2,36 @@
 
 #include <fcntl.h>
 #include <io.h>
-#include <sys/stat.h>
 #include <windows.h>
 
 #include <cerrno>
+#include <cstdint>
 
 namespace lvxdoc::platform {
+namespace {
+
+// The C library keeps its own table to itself.
+int error_number(DWORD error) {
+    switch (error) {
+        case ERROR_FILE_EXISTS:
+        case ERROR_ALREADY_EXISTS:
+            return EEXIST;
+        case ERROR_FILE_NOT_FOUND:
+        case ERROR_PATH_NOT_FOUND:
+        case ERROR_INVALID_NAME:
+            return ENOENT;
+        case ERROR_ACCESS_DENIED:
+        case ERROR_SHARING_VIOLATION:
+        case ERROR_WRITE_PROTECT:
+            return EACCES;
+        case ERROR_DISK_FULL:
+            return ENOSPC;
+        default:
+            return EIO;
+    }
+}
+
+}  // namespace
 
 // Names on the command line are in the system's code page, and so are those that the C library opens.
 std::filesystem::path native_path(const std::string& name) {
@@ -28,10 +52,21 @@ std::string narrow_name(const std::filesystem::path& path) {
     return name;
 }
 
+// Shared for deletion as well: an interrupt comes while the file is open.
 std::FILE* create_new(const std::filesystem::path& path) {
-    const int descriptor =
-        _wopen(path.c_str(), _O_CREAT | _O_EXCL | _O_WRONLY | _O_BINARY | _O_NOINHERIT, _S_IREAD | _S_IWRITE);
-    return descriptor < 0 ? nullptr : _fdopen(descriptor, "wb");
+    constexpr DWORD sharing = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    const HANDLE handle = CreateFileW(path.c_str(), GENERIC_WRITE, sharing, nullptr, CREATE_NEW,
+                                      FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (handle == INVALID_HANDLE_VALUE) {
+        errno = error_number(GetLastError());
+        return nullptr;
+    }
+    const int descriptor = _open_osfhandle(reinterpret_cast<intptr_t>(handle), _O_WRONLY | _O_BINARY);
+    if (descriptor < 0) {
+        CloseHandle(handle);
+        return nullptr;
+    }
+    return _fdopen(descriptor, "wb");
 }
 
 bool is_terminal(std::FILE* file) {
