@@ -49,6 +49,18 @@ TEST(GlobalMemory, a_zeroed_block_is_zero_to_its_last_byte) {
     GlobalUnlock(block);
 }
 
+TEST(GlobalMemory, a_large_block_is_zero_and_takes_bytes_to_both_ends) {
+    constexpr std::ptrdiff_t mebi = 1 << 20;
+    for (const std::ptrdiff_t size : {4 * mebi - 1, 4 * mebi, 4 * mebi + 1, 9 * mebi + 4097}) {
+        const TestBlock block(GHND, static_cast<std::size_t>(size));
+        auto* const bytes = static_cast<char*>(GlobalLock(block));
+        EXPECT_EQ(size, std::count(bytes, bytes + size, '\0')) << size;
+        std::fill_n(bytes, size, 'x');
+        EXPECT_EQ(size, std::count(bytes, bytes + size, 'x')) << size;
+        GlobalUnlock(block);
+    }
+}
+
 TEST(GlobalMemory, a_block_keeps_its_bytes_and_its_address) {
     const TestBlock block(GMEM_MOVEABLE, 100);
     auto* const bytes = static_cast<char*>(GlobalLock(block));
