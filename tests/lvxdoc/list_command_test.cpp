@@ -64,6 +64,14 @@ TEST(List, gives_the_height_of_a_picture_from_the_top_down) {
               run({"list", folder.Write("x", picture)}).out.find("2 x 2, 24 bits per pixel\n"));
 }
 
+TEST(List, shows_nothing_that_a_terminal_obeys_in_the_name_of_a_class) {
+    const Folder folder;
+    const std::string name = folder.Write("x", bytes_of("01000000 63 1b '[7m::myFont' 0d0a 6f"));
+    const Result result = run({"list", name});
+    EXPECT_NE(std::string::npos, result.out.find("\\x1b[7m::myFont")) << result.out;
+    EXPECT_EQ(std::string::npos, result.out.find('\x1b'));
+}
+
 TEST(List, has_no_table_for_a_document_without_streams) {
     const Folder folder;
     const std::string name = folder.Write("x", CompoundBuilder().Build());

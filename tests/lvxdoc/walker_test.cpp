@@ -205,6 +205,13 @@ TEST(Walker, reads_a_class_name_up_to_the_limit_of_the_store) {
     }
 }
 
+TEST(Walker, takes_any_qualifier_that_readers_drop_unless_it_is_strict) {
+    const std::string bytes = bytes_of("63 'a' 01 '::Node' 0d0a 6f 30");
+    EXPECT_EQ("12 null", end_of_walk(bytes, one_object + nodes));
+    EXPECT_EQ("damage at 0: this is no class name: \"a\\x01::Node\"",
+              end_of_walk(bytes, one_object + nodes, true));
+}
+
 TEST(Walker, takes_a_class_name_that_ends_with_a_line_feed_alone) {
     EXPECT_EQ("3 object 0", end_of_walk("cA\no", one_object + "class A\n"));
 }

@@ -39,7 +39,7 @@ void FirstLook::Take(const Event& event) {
     } else if (!m_class.empty()) {
         TakeMember(event);
     } else if (event.kind == Event::Kind::object) {
-        m_class = event.text;
+        m_class = escape_bytes(event.text);
     }
 }
 

@@ -229,7 +229,9 @@ std::string Walker::ReadLine(std::uint64_t offset) {
 std::uint32_t Walker::ReadClassName(std::uint64_t offset) {
     const std::string name = ReadLine(offset);
     const bool is_plain = std::all_of(name.begin(), name.end(), [](char c) { return c >= ' ' && c <= '~'; });
-    if (name.empty() || !is_plain) {
+    // Readers drop the first qualifier unseen, whatever is in it.
+    const bool is_read = is_plain || (!m_options.strict && m_schema.FindClass(name) != nullptr);
+    if (name.empty() || !is_read) {
         throw Damage(offset, "this is no class name: " + quoted(name));
     }
     m_numbering.class_names.push_back(name);

@@ -1,8 +1,8 @@
 // tools/lvxdoc/walker.h
 //
 // Walks through the bytes of a store, tells a sink what it meets, and stops with Damage at the first thing
-// that cannot be. It decodes the format by itself and shares no code with the library's reader, so that the
-// one can bear witness for the other.
+// that cannot be. It decodes the format by itself and shares nothing with the library's reader but the order
+// of bytes, so that the one can bear witness for the other.
 //
 // It trusts no length, number or id. It does not recurse: objects nest as deep as a limit says, for a few
 // bytes of memory each. Besides those it keeps four bytes for every object, and the class names.
