@@ -27,8 +27,8 @@ constexpr std::uint64_t picture_size(std::uint32_t width, std::uint32_t height, 
 }
 
 /// False for a picture of more than 64 MiB that claims more than 1024 times the `bytes_left` in the file: so
-/// few bytes are damaged rather than a picture, and are not to cost gigabytes. For pixels that lie in a file as
-/// they are or as run lengths; a JPEG file may well have a picture of one colour in less.
+/// few bytes are damaged rather than a picture, and are not to cost gigabytes. For pixels that lie in a file
+/// as they are or as run lengths; a JPEG file may well have a picture of one colour in less.
 constexpr bool is_credible_picture(std::uint64_t size, std::uint64_t bytes_left) {
     constexpr std::uint64_t harmless = 64 * 1024 * 1024;
     constexpr std::uint64_t largest_ratio = 1024;

@@ -13,8 +13,8 @@ namespace lvx::platform {
 /// cannot be asked. Requires: nothing has been read through the C library's buffer.
 std::optional<std::uint64_t> remaining_length(std::FILE* file);
 
-/// Reads up to `size` bytes past the C library's buffer: what is there without waiting, but at least one byte. 0
-/// at the end, and when the file cannot be read.
+/// Reads up to `size` bytes past the C library's buffer: what is there without waiting, but at least one
+/// byte. 0 at the end, and when the file cannot be read.
 std::size_t read_available(std::FILE* file, void* data, std::size_t size);
 
 /// Whether `file` is a directory, which some systems open for reading as if it were a file.

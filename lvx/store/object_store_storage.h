@@ -34,8 +34,8 @@ public:
     /// Closes what was open and opens the compound file `name`. `ForWrite` replaces an existing file without
     /// question. No stream is open then, so no byte can pass before OpenStream. On failure returns false with
     /// the store closed and "HRESULT = " and the code, such as "HRESULT = 80030002" for a missing file, in
-    /// `error`; on success leaves `error` alone. It fails too, with "HRESULT = 80030070", if the file that was
-    /// open could not be completed.
+    /// `error`; on success leaves `error` alone. It fails too, with "HRESULT = 80030070", if the file that
+    /// was open could not be completed.
     bool OpenStorage(const std::string& name, OpenMode mode, std::string& error);
 
     /// Moves to the stream `name`: an existing one for reading; for writing a new one, in place of one of the

@@ -3,6 +3,8 @@
 #include <glib.h>
 
 #include <algorithm>
+#include <bit>
+#include <cstdint>
 #include <cwchar>
 #include <locale>
 
@@ -15,7 +17,7 @@ namespace {
 constexpr wchar_t escaped_bytes = 0xDC00;
 
 bool is_character(wchar_t unit) {
-    const auto value = static_cast<gunichar>(unit);
+    const auto value = std::bit_cast<std::uint32_t>(unit);
     return value != 0 && value <= 0x10FFFF && (value < 0xD800 || value > 0xDFFF);
 }
 
