@@ -69,17 +69,7 @@ class BlockReader {
 public:
     explicit BlockReader(Medium& medium);
 
-    /// The next `size` bytes, which are then consumed, or null if the block has not that many left.
-    const unsigned char* Take(std::size_t size) {
-        if (static_cast<std::size_t>(m_end - m_next) < size) {
-            return nullptr;
-        }
-        const unsigned char* const place = m_next;
-        m_next += size;
-        return place;
-    }
-
-    /// The same, but they are not consumed.
+    /// The next `size` bytes, which are not consumed, or null if the block has not that many left.
     const unsigned char* Peek(std::size_t size) const { return InBlock() < size ? nullptr : m_next; }
 
     /// Consumes `size` bytes. Requires: Peek gave them.

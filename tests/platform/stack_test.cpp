@@ -30,6 +30,13 @@ TEST(Stack, becomes_low_before_it_ends) {
 }
 
 TEST(StackLimit, leaves_a_quarter_of_a_small_stack_and_256_KiB_of_a_large_one) {
-    EXPECT_EQ(1000u + 16384u, lvx::platform::low_mark(1000, 65536));
-    EXPECT_EQ(1000u + 262144u, lvx::platform::low_mark(1000, 8 << 20));
+    EXPECT_EQ(16384u, lvx::platform::low_part(65536));
+    EXPECT_EQ(262144u, lvx::platform::low_part(8 << 20));
+}
+
+TEST(StackLimit, only_the_lowest_part_of_the_stack_itself_is_low) {
+    EXPECT_TRUE(lvx::platform::is_low(1000, 1000, 100));
+    EXPECT_TRUE(lvx::platform::is_low(1099, 1000, 100));
+    EXPECT_FALSE(lvx::platform::is_low(1100, 1000, 100));
+    EXPECT_FALSE(lvx::platform::is_low(999, 1000, 100)) << "below lies another stack";
 }

@@ -148,14 +148,15 @@ TEST(BlockReader, a_short_read_consumes_what_there_was) {
     EXPECT_EQ(-1, reader.Get());
 }
 
-TEST(BlockReader, Take_gives_only_what_the_block_holds) {
+TEST(BlockReader, Peek_gives_only_what_the_block_holds) {
     MemoryMedium medium("abcd");
     BlockReader reader(medium);
-    EXPECT_EQ(nullptr, reader.Take(1)) << "nothing was fetched yet";
+    EXPECT_EQ(nullptr, reader.Peek(1)) << "nothing was fetched yet";
     EXPECT_EQ('a', reader.Get());
-    EXPECT_EQ(nullptr, reader.Take(4));
-    EXPECT_EQ('b', *reader.Take(3));
-    EXPECT_EQ(nullptr, reader.Take(1));
+    EXPECT_EQ(nullptr, reader.Peek(4));
+    EXPECT_EQ('b', *reader.Peek(3));
+    reader.Skip(3);
+    EXPECT_EQ(nullptr, reader.Peek(1));
 }
 
 TEST(BlockReader, steps_back_inside_the_block_only) {

@@ -1,8 +1,10 @@
 // Memory, devices and hosts' media that fail at every possible place.
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 #include <csignal>
+#include <cstdio>
 #include <functional>
 #include <memory>
 #include <sstream>
@@ -220,6 +222,25 @@ TEST_F(StoreFaults, a_disk_that_fills_up_at_any_byte_is_told) {
             << size;
         setrlimit(RLIMIT_FSIZE, &unlimited);
         EXPECT_EQ(size, lvx_test::read_file(m_name).size());
+    }
+}
+
+TEST_F(StoreFaults, a_value_is_read_from_a_pipe_as_soon_as_it_is_there) {
+    ASSERT_EQ(0, mkfifo(m_name.c_str(), 0600));
+    // Opened for both directions, so that neither end waits for the other. It stays open: no end of the data
+    // comes.
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> pipe(std::fopen(m_name.c_str(), "r+b"),
+                                                               &std::fclose);
+    ASSERT_NE(nullptr, pipe);
+    std::setvbuf(pipe.get(), nullptr, _IONBF, 0);
+    ObjectStoreFile store;
+    ASSERT_TRUE(store.OpenStream(m_name.c_str(), ObjectStore::ForRead));
+    for (const int sent : {7, 8}) {
+        const char bytes[] = {static_cast<char>(sent), 0, 0, 0};
+        ASSERT_EQ(sizeof bytes, std::fwrite(bytes, 1, sizeof bytes, pipe.get()));
+        int received = 0;
+        store >> received;
+        EXPECT_EQ(sent, received);
     }
 }
 

@@ -10,7 +10,8 @@ bool stack_is_low() {
     ULONG_PTR lowest = 0;
     ULONG_PTR highest = 0;
     GetCurrentThreadStackLimits(&lowest, &highest);
-    return reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0)) < low_mark(lowest, highest - lowest);
+    return is_low(reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0)), lowest,
+                  low_part(highest - lowest));
 }
 
 }  // namespace lvx::platform
