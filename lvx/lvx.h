@@ -3,6 +3,7 @@
 // Everything that the library offers on this system.
 #pragma once
 
+#include "lvx/files/path_string.h"
 #include "lvx/images/dibitmap.h"
 #include "lvx/images/global_locker.h"
 #include "lvx/store/object_factory.h"
