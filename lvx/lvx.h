@@ -6,6 +6,7 @@
 #include "lvx/files/path_string.h"
 #include "lvx/images/dibitmap.h"
 #include "lvx/images/global_locker.h"
+#include "lvx/platform/drives.h"
 #include "lvx/store/object_factory.h"
 #include "lvx/store/object_store.h"
 #include "lvx/store/object_store_file.h"

@@ -1,0 +1,37 @@
+#include "lvx/platform/drives.h"
+
+#include <sys/stat.h>
+
+#include <cstdlib>
+#include <memory>
+
+#include "lvx/platform/posix/drive_table.h"
+
+namespace lvx {
+
+namespace {
+
+struct Free {
+    void operator()(char* text) const { std::free(text); }
+};
+
+bool is_directory(const char* path) {
+    struct stat status;
+    return stat(path, &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+}  // namespace
+
+bool map_drive(char letter, const std::string& folder) {
+    if (folder.find('\0') != std::string::npos) {
+        return false;
+    }
+    const std::unique_ptr<char, Free> root(realpath(folder.c_str(), nullptr));
+    return root && is_directory(root.get()) && platform::DriveTable::Process().Map(letter, root.get());
+}
+
+bool unmap_drive(char letter) {
+    return platform::DriveTable::Process().Unmap(letter);
+}
+
+}  // namespace lvx
