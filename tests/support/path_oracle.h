@@ -157,18 +157,18 @@ private:
 
 /// Whether a name fits `*` and `?`, by a table: in each row, which beginnings of the pattern fit the name so
 /// far.
-inline bool oracle_fits_wildcards(std::string name, const std::string& pattern) {
-    const auto fits = [&pattern](const std::string& text) {
+inline bool oracle_fits_wildcards(const std::string& name, const std::string& pattern) {
+    const auto fits = [&](const std::string& text) {
         std::vector<bool> row(pattern.size() + 1);
         row[0] = true;
         for (std::size_t i = 0; i < pattern.size() && pattern[i] == '*'; ++i) {
             row[i + 1] = true;
         }
-        for (const char c : text) {
+        for (std::size_t n = 0; n < text.size(); ++n) {
             std::vector<bool> next(row.size());
             for (std::size_t i = 0; i < pattern.size(); ++i) {
-                next[i + 1] = pattern[i] == '*' ? next[i] || row[i + 1]
-                                                : row[i] && (pattern[i] == '?' || pattern[i] == c);
+                const bool stands = pattern[i] == '?' ? n < name.size() : pattern[i] == text[n];
+                next[i + 1] = pattern[i] == '*' ? next[i] || row[i + 1] : row[i] && stands;
             }
             row = next;
         }

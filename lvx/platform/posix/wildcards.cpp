@@ -12,7 +12,8 @@ struct Retry {
     std::size_t in_pattern = std::string_view::npos;  // none yet
 };
 
-bool fits(std::string_view name, std::string_view pattern) {
+// A `?` stands for one of the first `questionable` characters only.
+bool fits(std::string_view name, std::string_view pattern, std::size_t questionable) {
     std::size_t in_name = 0;
     std::size_t in_pattern = 0;
     Retry retry;
@@ -20,7 +21,8 @@ bool fits(std::string_view name, std::string_view pattern) {
         if (in_pattern < pattern.size() && pattern[in_pattern] == '*') {
             retry = {in_name, ++in_pattern};
         } else if (in_pattern < pattern.size() &&
-                   (pattern[in_pattern] == '?' || pattern[in_pattern] == name[in_name])) {
+                   (pattern[in_pattern] == '?' ? in_name < questionable
+                                               : pattern[in_pattern] == name[in_name])) {
             ++in_name;
             ++in_pattern;
         } else if (retry.in_pattern != std::string_view::npos) {
@@ -36,8 +38,9 @@ bool fits(std::string_view name, std::string_view pattern) {
 }  // namespace
 
 bool fits_wildcards(std::string_view name, std::string_view pattern) {
-    return fits(name, pattern) ||
-           (name.find('.') == std::string_view::npos && fits(std::string(name) + '.', pattern));
+    const bool has_dot = name.find('.') != std::string_view::npos;
+    return fits(name, pattern, name.size()) ||
+           (!has_dot && fits(std::string(name) + '.', pattern, name.size()));
 }
 
 }  // namespace lvx::platform
