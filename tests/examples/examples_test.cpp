@@ -6,7 +6,10 @@
 
 #include "lvx/images/dibitmap.h"
 #include "lvx/store/object_store_storage.h"
+#include "lvx/text/strings.h"
+#include "platform/environment.h"
 #include "support/bytes.h"
+#include "support/drive_folder.h"
 #include "support/places.h"
 #include "support/temp_folder.h"
 
@@ -82,4 +85,29 @@ TEST_F(Examples, compare_pictures_tells_a_missing_stream) {
     const std::string document = Document(DIBitmap(picture_file, DIBitmap::DIB));
     EXPECT_FALSE(Run("compare_pictures " + document + " other " + picture_file));
     EXPECT_NE(std::string::npos, m_output.find("other: HRESULT = 80030002")) << m_output;
+}
+
+TEST_F(Examples, where_is_takes_apart_what_it_finds_along_a_search_list) {
+    const lvx_test::DriveFolder folder;
+    folder.AddFolder("one");
+    folder.AddFile("one/logo.old.bmp");
+    folder.AddFolder("two");
+    folder.AddFile("two/logo");
+    folder.AddFolder("two/logos");
+    const lvx_test::EnvironmentVariable list("LVX_TEST_PICTURES", folder.File("one;") + folder.File("two"));
+    EXPECT_TRUE(Run("where_is logo* LVX_TEST_PICTURES")) << m_output;
+    const std::string top = lvx::to_lower(folder.Path());
+    // The part of the drive is raised, the rest is as it was found.
+    const std::string raised = folder.Path().substr(0, 2) + top.substr(2);
+    EXPECT_EQ("logo.old.bmp: prefix logo, suffix bmp\n    in " + raised + "\\one\n    backup " + top +
+                  "\\one\\logo.old.bak\nlogo: prefix logo, suffix none\n    in " + raised +
+                  "\\two\n    backup " + top + "\\two\\logo.bak\n",
+              m_output);
+}
+
+TEST_F(Examples, where_is_tells_by_its_status_that_nothing_was_found) {
+    EXPECT_FALSE(Run("where_is lvx-no-such-file LVX_TEST_NO_SUCH_VARIABLE"));
+    EXPECT_EQ("", m_output);
+    EXPECT_FALSE(Run("where_is"));
+    EXPECT_EQ("usage: where_is PATTERN VARIABLE\n", m_output);
 }
