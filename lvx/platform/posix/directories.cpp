@@ -1,5 +1,6 @@
 #include "lvx/platform/directories.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -66,7 +67,7 @@ int _stat64(const char* path, struct _stat64* status) {
 
 int _access(const char* path, int) {
     const auto native = lvx::platform::native_path(text_or_empty(path));
-    return native && access(native->c_str(), F_OK) == 0 ? 0 : failure;
+    return native && faccessat(AT_FDCWD, native->c_str(), F_OK, AT_EACCESS) == 0 ? 0 : failure;
 }
 
 char* _getcwd(char* buffer, int size) {
