@@ -57,6 +57,29 @@ TEST(PathParts, a_path_has_all_of_them) {
     EXPECT_EQ("C:\\work\\pics", answer(path, &LVXPathString::directoryOf));
 }
 
+TEST(PathParts, they_are_those_of_the_documentation) {
+    struct Parts {
+        const char *path, *drive, *base, *directory, *name, *prefix, *suffix;
+    };
+    const char* const no = fails.c_str();
+    for (const Parts& row :
+         {Parts{"c:\\work\\pics\\logo.bmp", "C:", "\\work\\pics", "C:\\work\\pics", "logo.bmp", "logo",
+                "bmp"},
+          Parts{"\\logo", no, "\\", "\\", "logo", "logo", "false "},
+          Parts{"sub\\a.b.c", no, "sub", "sub", "a.b.c", "a", "c"}, Parts{"a.", no, no, no, "a.", "a", ""},
+          Parts{".profile", no, no, no, ".profile", "", "false "},
+          Parts{"a..b", no, no, no, "a..b", "a", "false "},
+          Parts{"c:\\d.x\\", "C:", "\\d.x", "C:\\d.x", "", "", "false "},
+          Parts{"1:x", "1:", no, "1:", "x", "x", "false "}}) {
+        EXPECT_EQ(row.drive, answer(row.path, &LVXPathString::driveOf)) << row.path;
+        EXPECT_EQ(row.base, answer(row.path, &LVXPathString::baseOf)) << row.path;
+        EXPECT_EQ(row.directory, answer(row.path, &LVXPathString::directoryOf)) << row.path;
+        EXPECT_EQ(row.name, answer(row.path, &LVXPathString::nameOf)) << row.path;
+        EXPECT_EQ(row.prefix, answer(row.path, &LVXPathString::prefixOf)) << row.path;
+        EXPECT_EQ(row.suffix, answer(row.path, &LVXPathString::suffixOf)) << row.path;
+    }
+}
+
 TEST(PathParts, any_first_character_is_a_drive_in_front_of_a_colon) {
     expect_all(&LVXPathString::driveOf, {{"a:", "A:"},
                                          {"Z:x", "Z:"},
