@@ -75,7 +75,8 @@ LVXPathString& LVXPathString::operator=(const std::string& path) {
 }
 
 LVXPathString& LVXPathString::addName(const std::string& name) {
-    const std::string added = name;  // it may be this path
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): it may be this path, which changes
+    const std::string added = name;
     if (empty() || back() != separator) {
         push_back(separator);
     }
@@ -84,7 +85,8 @@ LVXPathString& LVXPathString::addName(const std::string& name) {
 }
 
 void LVXPathString::suffix(const std::string& newSuffix) {
-    const std::string added = newSuffix;  // it may be this path
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): it may be this path, which changes
+    const std::string added = newSuffix;
     if (const char* const dot = dotOf()) {
         resize(static_cast<size_type>(dot - data()));
     }

@@ -38,10 +38,8 @@ public:
     static const char* const KeepPart;
 
     LVXPathString() = default;
-    /// The text as it stands. Null gives an empty path.
-    // NOLINTNEXTLINE(google-explicit-constructor): texts are paths wherever one is asked for.
+    /// The text as it stands; texts are paths wherever one is asked for. Null gives an empty path.
     LVXPathString(const char* path);
-    // NOLINTNEXTLINE(google-explicit-constructor)
     LVXPathString(const std::string& path);
     LVXPathString(const LVXPathString& path) = default;
 

@@ -20,6 +20,8 @@
 
 #else
 
+// NOLINTBEGIN(bugprone-reserved-identifier): these are the names that the C runtime of Windows has.
+
 inline constexpr unsigned short _S_IFDIR = 0x4000;
 inline constexpr unsigned short _S_IFREG = 0x8000;
 
@@ -43,6 +45,8 @@ char* _getcwd(char* buffer, int size);
 
 /// Makes `path` the current directory, and its drive the current one. 0, or -1 with nothing changed.
 int _chdir(const char* path);
+
+// NOLINTEND(bugprone-reserved-identifier)
 
 inline constexpr unsigned int DRIVE_NO_ROOT_DIR = 1;
 inline constexpr unsigned int DRIVE_FIXED = 3;

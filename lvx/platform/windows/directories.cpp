@@ -24,12 +24,12 @@ int _getcurdir(int drive, char (&buffer)[longest_drive_directory]) {
     if (!is_there(drive) || _getdcwd(drive, directory, longest_directory) == nullptr) {
         return failure;
     }
-    const char* const path = directory + std::strlen("C:\\");
-    const std::size_t size = std::strlen(directory) - std::strlen("C:\\") + 1;
-    if (size > sizeof buffer) {
+    constexpr std::size_t root_size = sizeof "C:\\" - 1;
+    const std::size_t size = std::strlen(directory) + 1;
+    if (size <= root_size || size - root_size > sizeof buffer) {
         return failure;
     }
-    std::memcpy(buffer, path, size);
+    std::memcpy(buffer, directory + root_size, size - root_size);
     return 0;
 }
 
