@@ -112,7 +112,7 @@ public:
     /// Makes a relative path absolute, by the current directory of the process or of the path's drive. A path
     /// with drive and base stays as it is, a relative base too: "c:sub\f". A relative base without a drive
     /// gets the current drive and nothing else: "C:sub\f". An empty path becomes the current directory with
-    /// a `\` behind it.
+    /// a `\` behind it. Where the current directory cannot be told, nothing stands for it: "f" becomes "\f".
     void expand();
 
     /// Moves the path one directory up, the name with it: "C:\a\b\f.txt" becomes "C:\a\f.txt". False, with

@@ -85,6 +85,14 @@ TEST_F(LinuxDirectories, each_drive_has_a_directory_of_its_own) {
     EXPECT_FALSE(is_there("E:other"));
 }
 
+TEST_F(LinuxDirectories, a_drive_that_is_left_keeps_its_directory_however_it_came_there) {
+    fs::current_path(m_d.File("sub/deep"));
+    EXPECT_EQ(0, _chdir("E:\\"));
+    EXPECT_EQ("sub\\deep", current_of('D'));
+    EXPECT_EQ(1, SetCurrentDirectoryA("D:"));
+    EXPECT_EQ("D:\\sub\\deep", current());
+}
+
 TEST_F(LinuxDirectories, a_drive_starts_at_its_root) {
     EXPECT_EQ("", current_of('E'));
     EXPECT_EQ("none", current_of('F'));
