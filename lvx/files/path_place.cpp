@@ -59,8 +59,7 @@ void LVXPathString::expand() {
 
 bool LVXPathString::setDrive() const {
     std::string drive;
-    if (!driveOf(drive) || drive.front() == '\0' ||
-        GetDriveTypeA((drive + '\\').c_str()) <= DRIVE_NO_ROOT_DIR) {
+    if (!driveOf(drive) || GetDriveTypeA((drive + '\\').c_str()) <= DRIVE_NO_ROOT_DIR) {
         return false;
     }
     SetCurrentDirectoryA(drive.c_str());

@@ -137,6 +137,13 @@ TEST_F(PathList, directories_are_found_too) {
     EXPECT_EQ((Names{".", "..", "empty", "one", "two"}), sorted(names("*.*", variable, false)));
 }
 
+TEST_F(PathList, names_are_told_in_lower_case) {
+    m_folder.AddFile("one/Upper.JPG");
+    const EnvironmentVariable list(variable, List({"one"}));
+    EXPECT_EQ((Names{"upper.jpg"}), names("*.JPG", variable, false));
+    EXPECT_EQ((Names{lower(m_folder.File("one\\upper.jpg"))}), paths("*.JPG", variable, false));
+}
+
 TEST_F(PathList, the_pattern_may_have_a_directory) {
     const EnvironmentVariable list(variable, m_folder.Path());
     EXPECT_EQ((Names{"c.txt"}), names("one\\*.txt", variable, false));
