@@ -53,3 +53,8 @@ TEST(ModuleName, nothing_fits_into_no_room) {
 TEST(ModuleName, there_is_no_module_of_an_unknown_name) {
     EXPECT_EQ(nullptr, GetModuleHandleA("lvx-no-such-module"));
 }
+
+TEST(ModuleName, what_is_no_module_has_no_name) {
+    char buffer[2000] = "x";
+    EXPECT_EQ(0U, GetModuleFileNameA(reinterpret_cast<HMODULE>(&buffer), buffer, sizeof buffer));
+}
