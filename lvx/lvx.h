@@ -18,3 +18,4 @@
 #include "lvx/text/ownership.h"
 #include "lvx/text/report.h"
 #include "lvx/text/strings.h"
+#include "lvx/text/token_stream.h"
