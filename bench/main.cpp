@@ -17,6 +17,7 @@
 #include "bench/report.h"
 #include "bench/runner.h"
 #include "bench/store_bench.h"
+#include "bench/tokens_bench.h"
 
 namespace {
 
@@ -65,8 +66,9 @@ Options parse(int count, char** arguments) {
 
 std::vector<Entry> all_entries() {
     std::vector<Entry> entries;
-    for (const auto& group : {lvx_bench::store_benchmarks(), lvx_bench::compound_benchmarks(),
-                              lvx_bench::bmp_benchmarks(), lvx_bench::jpeg_benchmarks()}) {
+    for (const auto& group :
+         {lvx_bench::store_benchmarks(), lvx_bench::compound_benchmarks(), lvx_bench::bmp_benchmarks(),
+          lvx_bench::jpeg_benchmarks(), lvx_bench::tokens_benchmarks()}) {
         entries.insert(entries.end(), group.begin(), group.end());
     }
     return entries;

@@ -14,6 +14,16 @@ namespace {
 // How much of a token is kept.
 constexpr std::size_t most_kept = 49;
 
+// As assign does. Most tokens are one mark or one blank, and for them no call is needed.
+void set_text(std::string& text, std::string_view token) {
+    if (token.size() == 1) {
+        text.clear();
+        text.push_back(token[0]);
+    } else {
+        text.assign(token);
+    }
+}
+
 }  // namespace
 
 // One token's scan, on the text itself. What is kept of the token are its first characters, so that no copy
@@ -67,7 +77,7 @@ private:
     int TakeBlank() {
         // A NUL ends a text, so as a text of its own it is empty.
         Keep(*m_start == '\0' ? 0 : 1);
-        if (const int kind = m_tokens.TokenOf(Kept()); kind != no_token) {
+        if (const int kind = AskTable(); kind != no_token) {
             return kind;
         }
         if (IsOn(white_spaces) && is_of(*m_start, is_space)) {
@@ -99,7 +109,7 @@ private:
             }
             return kind;
         }
-        if (const int kind = m_tokens.TokenOf(Kept()); kind != no_token) {
+        if (const int kind = AskTable(); kind != no_token) {
             return kind;
         }
         return IsOn(words) ? word : no_token;
@@ -134,10 +144,10 @@ private:
     // The longest beginning of the run that is a token, or its first character.
     int TakePunctuation() {
         Keep(PunctuationToAsk());
-        int kind = m_tokens.TokenOf(Kept());
+        int kind = AskTable();
         while (kind == no_token && m_kept > 1) {
             Keep(m_kept - 1);
-            kind = m_tokens.TokenOf(Kept());
+            kind = AskTable();
         }
         m_next = m_start + m_kept;
         if (m_kept == most_kept) {
@@ -165,6 +175,12 @@ private:
         }
     }
 
+    // The number of what is kept. Most tables have kinds alone, which needs no call.
+    int AskTable() const {
+        const bool has_entries = m_tokens.m_single_text != nullptr || !m_tokens.m_keywords.empty();
+        return has_entries ? m_tokens.TokenOf(Kept()) : no_token;
+    }
+
     void Keep(std::size_t length) { m_kept = length; }
     void KeepUpToNext() { Keep(std::min(static_cast<std::size_t>(m_next - m_start), most_kept)); }
 
@@ -182,9 +198,9 @@ int LVXTokenStream::getToken(std::string& text) {
     if (m_tokens == nullptr) {
         reset();
     }
-    if (!StartReading()) {
+    if (!good()) {
         text.clear();
-        return no_token;
+        return RefuseReading();
     }
     Scanner scanner(*m_tokens, m_buffer->Next(), m_buffer->End());
     const int kind = scanner.Scan();
@@ -194,6 +210,6 @@ int LVXTokenStream::getToken(std::string& text) {
     }
     m_position = static_cast<long>(scanner.Start() - m_buffer->Begin());
     m_buffer->SetNext(scanner.Next());
-    text.assign(scanner.Kept());
+    set_text(text, scanner.Kept());
     return kind;
 }

@@ -46,13 +46,10 @@ LVXTokenStream& LVXTokenStream::tags(char open, char close) {
     return *this;
 }
 
-// Whether there may be something to read; if not, the state tells it as after any other reading.
-bool LVXTokenStream::StartReading() {
-    if (!good()) {
-        setstate(failbit);
-        return false;
-    }
-    return true;
+// In a state that is not good nothing is read, and the state tells it as after any other reading.
+int LVXTokenStream::RefuseReading() {
+    setstate(failbit);
+    return 0;
 }
 
 // Past the last character, where every reading finds nothing.
@@ -69,8 +66,8 @@ void LVXTokenStream::ungetToken() {
 
 bool LVXTokenStream::getTag(std::string& text) {
     m_position = m_buffer->Position();
-    if (!StartReading()) {
-        return false;
+    if (!good()) {
+        return RefuseReading() != 0;
     }
     const std::string_view rest(m_buffer->Next(),
                                 static_cast<std::size_t>(m_buffer->End() - m_buffer->Next()));
@@ -89,8 +86,8 @@ bool LVXTokenStream::getTag(std::string& text) {
 
 bool LVXTokenStream::skipTo(char target) {
     m_position = m_buffer->Position();
-    if (!StartReading()) {
-        return false;
+    if (!good()) {
+        return RefuseReading() != 0;
     }
     char previous = '\0';
     for (const char* next = m_buffer->Next(); next != m_buffer->End(); ++next) {

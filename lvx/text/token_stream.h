@@ -181,7 +181,7 @@ protected:
 private:
     class LVX_HIDDEN Scanner;
 
-    bool StartReading();
+    int RefuseReading();
     int EndReading();
 
     LVXTokens* m_tokens = nullptr;
