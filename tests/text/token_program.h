@@ -8,8 +8,10 @@
 #include <cstddef>
 #include <ios>
 #include <istream>
+#include <memory>
 #include <string>
 #include <string_view>
+#include <typeinfo>
 #include <vector>
 
 #include "lvx/text/token_stream.h"
@@ -23,16 +25,16 @@ class TokenPlayer {
 public:
     /// Each byte of `program` is an operation, followed by what it takes. Returns what all of them told.
     static std::string Play(std::string_view program, const std::string& text) {
-        // One place more than needed: an empty vector has no address.
-        std::vector<char> memory(text.begin(), text.end());
-        memory.push_back('\0');
-        TokenPlayer player(program, memory.data(), static_cast<int>(text.size()));
+        // Exactly as long as the text, so that reading further is seen.
+        const auto memory = std::make_unique<char[]>(text.size());
+        std::copy(text.begin(), text.end(), memory.get());
+        TokenPlayer player(program, memory.get(), static_cast<int>(text.size()));
         while (!player.m_program.empty()) {
             player.Step();
         }
         player.AllTokens();
-        if (!std::equal(text.begin(), text.end(), memory.begin())) {
-            player.Tell("the text was written to");
+        if (!std::equal(text.begin(), text.end(), memory.get())) {
+            player.TellBroken("the text was written to");
         }
         return player.m_told;
     }
@@ -160,7 +162,7 @@ private:
                 return Token();
             }
         }
-        Tell("no end");
+        TellBroken("there is no end");
     }
 
     void StreamStep(int operation) {
@@ -205,7 +207,8 @@ private:
     }
 
     void Tell(const std::string& text) { m_told += " '" + text + "'"; }
-    void Tell(const char* text) { Tell(std::string(text)); }
+    // With the name of the class, so that the two never tell the same then.
+    void TellBroken(const char* promise) { Tell(std::string(typeid(Stream).name()) + ": " + promise); }
     template <class... Numbers>
     void Tell(Numbers... numbers) {
         ((m_told += " " + std::to_string(numbers)), ...);
