@@ -46,6 +46,18 @@ protected:
     std::string m_output;
 };
 
+// What stands in a page of docs/ as the output of a program: the block that begins with "```text PROGRAM".
+std::string output_in_page(const std::string& page, const std::string& program) {
+    const std::string text = lvx_test::read_file(lvx_test::own_data() + "/../../docs/" + page);
+    const std::string mark = "```text " + program + "\n";
+    const std::size_t start = text.find(mark);
+    if (start == std::string::npos) {
+        return "no such block";
+    }
+    const std::size_t first = start + mark.size();
+    return text.substr(first, text.find("```", first) - first);
+}
+
 const std::string picture_file = lvx_test::own_data() + "/pictures/pal8v4.bmp";
 
 }  // namespace
@@ -110,4 +122,9 @@ TEST_F(Examples, where_is_tells_by_its_status_that_nothing_was_found) {
     EXPECT_EQ("", m_output);
     EXPECT_FALSE(Run("where_is"));
     EXPECT_EQ("usage: where_is PATTERN VARIABLE\n", m_output);
+}
+
+TEST_F(Examples, plotter_says_what_its_page_says) {
+    EXPECT_TRUE(Run("plotter")) << m_output;
+    EXPECT_EQ(output_in_page("token-tables.md", "plotter"), m_output);
 }
