@@ -149,7 +149,7 @@ public:
     /// with all six kinds on. Does not: move to another place in the text.
     void reset();
     /// Scans by `tokens` from now on, which stays the caller's and outlives its use. Null takes the present
-    /// table away.
+    /// table away, and the next getToken makes a default one.
     void useTokens(LVXTokens* tokens);
     /// Sets what getTag looks for; NULs before the first call.
     LVXTokenStream& tags(char open, char close);

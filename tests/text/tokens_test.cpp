@@ -188,6 +188,12 @@ TEST(Tokens, a_character_above_127_marks_the_one_128_below) {
     EXPECT_EQ((TokenList{}), tokens_of("d\xe4 \x80\xff", tokens));
 }
 
+TEST(Tokens, a_nul_that_is_marked_in_that_way_is_a_control_character_without_a_text) {
+    LVXTokens tokens;
+    tokens.add(5, 0x80, 0);
+    EXPECT_EQ((TokenList{{5, ""}, {5, "\x01"}}), tokens_of(std::string("\0\x80\x01", 3), tokens));
+}
+
 TEST(Tokens, is_first_is_false_above_127) {
     LVXTokens tokens;
     tokens.setDefault();
