@@ -130,10 +130,11 @@ void LVXTokens::useTokens() {
     if (!isOk(changed)) {
         return;
     }
-    m_flags &= ~changed;
     std::fill(std::begin(m_first), std::end(m_first), false);
     MarkKinds();
     MarkEntries();
+    // Last: without memory for the entries they are still to be put in use.
+    m_flags &= ~changed;
 }
 
 void LVXTokens::Mark(int first, int last, bool can_begin) {
