@@ -2,13 +2,12 @@
 
 #include <sys/mman.h>
 
-#include <cstdint>
 #include <cstdlib>
 #include <memory>
-#include <mutex>
 #include <new>
-#include <unordered_map>
 #include <utility>
+
+#include "lvx/platform/posix/handle_table.h"
 
 namespace {
 
@@ -23,46 +22,11 @@ struct Block {
     unsigned int locks = 0;
 };
 
-// Every live block by its handle. A handle is a number that is never used twice, not an address: that is how
-// a stale one is told from a live one.
-class Blocks {
-public:
-    HGLOBAL Add(Bytes bytes, std::size_t size) {
-        const std::lock_guard guard(m_mutex);
-        const std::uintptr_t number = m_next;
-        m_blocks.emplace(number, Block{std::move(bytes), size});
-        m_next += handle_step;
-        return reinterpret_cast<HGLOBAL>(number);
-    }
-
-    /// False if there was none. Its memory is given back outside the lock, as that may take a while.
-    bool Remove(HGLOBAL handle) { return !Extract(handle).empty(); }
-
-    /// What `use` returns for the block, or a zero if there is none.
-    template <class Use>
-    auto With(HGLOBAL handle, Use use) {
-        const std::lock_guard guard(m_mutex);
-        const auto found = m_blocks.find(reinterpret_cast<std::uintptr_t>(handle));
-        return found == m_blocks.end() ? decltype(use(found->second)){} : use(found->second);
-    }
-
-private:
-    std::unordered_map<std::uintptr_t, Block>::node_type Extract(HGLOBAL handle) {
-        const std::lock_guard guard(m_mutex);
-        return m_blocks.extract(reinterpret_cast<std::uintptr_t>(handle));
-    }
-
-    // Handles are no valid addresses of anything, so that using one as a pointer shows at once.
-    static constexpr std::uintptr_t handle_step = 4;
-
-    std::mutex m_mutex;
-    std::unordered_map<std::uintptr_t, Block> m_blocks;
-    std::uintptr_t m_next = 2;
-};
+using Blocks = lvx::platform::HandleTable<Block>;
 
 // Never destroyed: static objects of other modules free their blocks as late as they like.
 Blocks& blocks() {
-    static Blocks& instance = *new Blocks;
+    static Blocks& instance = *new Blocks(2);
     return instance;
 }
 
@@ -98,7 +62,7 @@ HGLOBAL GlobalAlloc(unsigned int flags, std::size_t size) {
         return nullptr;
     }
     try {
-        return blocks().Add(std::move(bytes), size);
+        return blocks().Add(Block{std::move(bytes), size});
     } catch (const std::bad_alloc&) {
         return nullptr;
     }
@@ -123,5 +87,5 @@ HGLOBAL GlobalFree(HGLOBAL block) {
 }
 
 std::size_t GlobalSize(HGLOBAL block) {
-    return blocks().With(block, [](const Block& found) { return found.size; });
+    return blocks().Look(block, [](const Block& found) { return found.size; });
 }
