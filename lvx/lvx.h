@@ -7,6 +7,8 @@
 #include "lvx/images/dibitmap.h"
 #include "lvx/images/global_locker.h"
 #include "lvx/platform/drives.h"
+#include "lvx/runtime/atom.h"
+#include "lvx/runtime/sync.h"
 #include "lvx/store/object_factory.h"
 #include "lvx/store/object_store.h"
 #include "lvx/store/object_store_file.h"
