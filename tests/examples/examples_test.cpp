@@ -128,3 +128,14 @@ TEST_F(Examples, plotter_says_what_its_page_says) {
     EXPECT_TRUE(Run("plotter")) << m_output;
     EXPECT_EQ(output_in_page("token-tables.md", "plotter"), m_output);
 }
+
+TEST_F(Examples, topics_are_handed_over_whole_and_in_order_of_their_making) {
+    EXPECT_TRUE(Run("topics")) << m_output;
+    EXPECT_EQ(
+        "worker: stars.dat\nworker: Planets.dat\n"
+        "worker: a third topic with a name that is longer than the hundred characters that most programs "
+        "would ever make room for in one go\n"
+        "3 topics handed over\n"
+        "the worker ended with the mutex in its hands: told\n",
+        m_output);
+}
