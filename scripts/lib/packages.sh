@@ -13,6 +13,7 @@ packages_windows_x86=("${packages_windows[@]}" debootstrap g++-mingw-w64-i686-po
 packages_gates=("${packages_linux[@]}" clang-format-14 clang-tidy-14 git shellcheck)
 packages_bench=("${packages_linux[@]}" libbenchmark-dev libboost-serialization-dev libcereal-dev libsdl2-dev
     libstb-dev)
+packages_coverage=("${packages_linux[@]}" clang-14 libclang-rt-14-dev llvm-14)
 packages_fuzz=("${packages_linux[@]}" clang-14 libclang-rt-14-dev)
 
 # as_root COMMAND...: runs it as root, by sudo if need be; fails without asking for a password.

@@ -1,8 +1,8 @@
 # shellcheck shell=bash
-# Configure and build by the presets of CMakePresets.json. The tests run on all_presets; linux-bench and
-# linux-fuzz have build folders of their own, so that measuring and fuzzing disturb no tests.
+# Configure and build by the presets of CMakePresets.json. The tests run on all_presets; linux-bench,
+# linux-coverage and linux-fuzz have build folders of their own, so that measuring and fuzzing disturb no tests.
 
-all_presets=(linux linux-asan windows-x64 windows-x86)
+all_presets=(linux linux-asan linux-tsan windows-x64 windows-x86)
 
 export CCACHE_DIR=${CCACHE_DIR:-$lvx_cache/ccache}
 # Work trees of the same repository share what they compile.
@@ -34,6 +34,7 @@ need_packages_of_preset() {
         windows-x64) need_packages "${packages_windows_x64[@]}" ;;
         windows-x86) need_packages "${packages_windows_x86[@]}" ;;
         linux-bench) need_packages "${packages_bench[@]}" ;;
+        linux-coverage) need_packages "${packages_coverage[@]}" ;;
         linux-fuzz) need_packages "${packages_fuzz[@]}" ;;
         *) need_packages "${packages_linux[@]}" ;;
     esac
