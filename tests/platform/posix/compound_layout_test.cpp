@@ -221,3 +221,45 @@ TEST_F(Layout, every_changed_byte_gives_an_error_or_streams) {
     }
     EXPECT_GT(refused, 300u);
 }
+
+// The allocation table of a file above 7 MB has more sectors than the header can list.
+TEST_F(Layout, a_table_with_a_list_beyond_the_header_is_followed_and_checked) {
+    const std::string large = lvx_test::counting_bytes(8'000'000);
+    ASSERT_TRUE(lvx_test::write_document(m_name, {{L"Large", large}}));
+    {
+        Storage storage;
+        Stream stream;
+        ASSERT_EQ("", code(lvx_test::open_file(m_name, storage)));
+        ASSERT_EQ("", code(lvx_test::open_stream(storage, L"Large", stream)));
+        EXPECT_TRUE(large == lvx_test::read(stream, large.size() + 1));
+    }
+    m_data = lvx_test::read_file(m_name);
+    const std::uint32_t list_start = Get32(68);
+    ASSERT_LT(list_start, 0xFFFFFFF0u);
+    for (const std::uint32_t start : {0xFFFFFFFEu, 0x00FFFFFFu}) {
+        Put32(68, start);
+        EXPECT_EQ(corrupt, Load()) << start;
+    }
+    Put32(68, list_start);
+    // One table sector more than the list has.
+    Put32(44, Get32(44) + 200);
+    EXPECT_EQ(corrupt, Load());
+}
+
+TEST_F(Layout, the_size_of_sectors_goes_with_the_version) {
+    const struct {
+        unsigned char version;
+        unsigned char shift;
+    } cases[] = {{3, 12}, {4, 9}, {5, 9}, {2, 9}, {3, 8}};
+    for (const auto& [version, shift] : cases) {
+        m_data[26] = static_cast<char>(version);
+        m_data[30] = static_cast<char>(shift);
+        EXPECT_EQ(corrupt, Load()) << int{version} << ", " << int{shift};
+    }
+}
+
+TEST_F(Layout, what_cannot_be_read_is_no_damage) {
+    const lvx::platform::StorageFile file(std::fopen(m_name.c_str(), "ab"));
+    lvx::platform::CompoundLayout layout;
+    EXPECT_EQ("8003001e", code(layout.Load(file.get())));
+}

@@ -48,3 +48,14 @@ TEST(CompoundOutput, tells_of_a_file_that_takes_no_bytes) {
     lvx_test::write_file(folder.File("document"), "");
     EXPECT_FALSE(lvx::platform::write_compound_file(open_stdio(folder.File("document"), "rb"), {}));
 }
+
+TEST(CompoundOutput, tells_of_streams_that_a_file_does_not_take) {
+    const lvx_test::TempFolder folder;
+    lvx_test::write_file(folder.File("document"), "");
+    StreamBytes bytes;
+    const std::string data = lvx_test::counting_bytes(200000);
+    ASSERT_TRUE(bytes.Write(0, {reinterpret_cast<const unsigned char*>(data.data()), data.size()}));
+    const lvx::platform::OutputStream streams[] = {{L"Sky", &bytes}, {L"Sea", &bytes}};
+    EXPECT_FALSE(lvx::platform::write_compound_file(open_stdio(folder.File("document"), "rb"), streams));
+    EXPECT_EQ("", lvx_test::read_file(folder.File("document")));
+}

@@ -86,3 +86,38 @@ TEST_F(CompoundReader, reads_a_file_that_shrinks_under_it_as_an_error) {
     EXPECT_EQ("8003001e", result);
     EXPECT_EQ(0u, count);
 }
+
+TEST_F(CompoundReader, a_stream_whose_storage_is_gone_refuses_everything) {
+    ASSERT_EQ("", code(lvx_test::open_stream(m_storage, L"Sky", m_stream)));
+    m_storage.reset();
+    char data[4];
+    ULONG count = 9;
+    STATSTG status{};
+    EXPECT_EQ("80030102", code(m_stream->Read(data, 4, &count)));
+    EXPECT_EQ(0u, count);
+    EXPECT_EQ("80030102", code(m_stream->Write(data, 4, &count)));
+    EXPECT_EQ("80030102", code(lvx_test::seek(m_stream, 0, STREAM_SEEK_SET)));
+    EXPECT_EQ("80030102", code(m_stream->Stat(&status, STATFLAG_NONAME)));
+}
+
+TEST_F(CompoundReader, writes_nothing_whether_it_is_asked_for_counts_and_streams_or_not) {
+    ASSERT_EQ("", code(lvx_test::open_stream(m_storage, L"Sky", m_stream)));
+    ULONG count = 9;
+    EXPECT_EQ("80030005", code(m_stream->Write("x", 1, &count)));
+    EXPECT_EQ(0u, count);
+    EXPECT_EQ("80030005", code(m_stream->Write("x", 1, nullptr)));
+    IStream* stream = m_stream.get();
+    EXPECT_EQ("80030005", code(m_storage->CreateStream(L"new", lvx_test::replace_mode, 0, 0, &stream)));
+    EXPECT_EQ(nullptr, stream);
+    EXPECT_EQ("80030005", code(m_storage->CreateStream(L"new", lvx_test::replace_mode, 0, 0, nullptr)));
+}
+
+TEST_F(CompoundReader, counts_and_positions_are_told_only_to_who_asks) {
+    ASSERT_EQ("", code(lvx_test::open_stream(m_storage, L"Sky", m_stream)));
+    char data[4];
+    EXPECT_EQ("", code(m_stream->Read(data, 3, nullptr)));
+    LARGE_INTEGER back{};
+    back.QuadPart = -1;
+    EXPECT_EQ("", code(m_stream->Seek(back, STREAM_SEEK_CUR, nullptr)));
+    EXPECT_EQ("ue", lvx_test::read(m_stream, 10));
+}

@@ -107,3 +107,38 @@ TEST_F(CompoundWriter, completes_once_whatever_references_are_left) {
     ASSERT_EQ("", code(lvx_test::open_file(m_name, m_storage)));
     EXPECT_EQ(std::vector<std::string>{"Sky 4"}, lvx_test::list(m_storage));
 }
+
+TEST_F(CompoundWriter, a_stream_that_was_replaced_refuses_everything) {
+    ASSERT_EQ("", code(lvx_test::write(m_stream, "blue")));
+    Stream other;
+    ASSERT_EQ("", code(lvx_test::create_stream(m_storage, L"SKY", other)));
+    char data[4] = {};
+    STATSTG status{};
+    EXPECT_EQ("80030102", code(m_stream->Read(data, 4, nullptr)));
+    EXPECT_EQ("80030102", code(m_stream->Write(data, 4, nullptr)));
+    EXPECT_EQ("80030102", code(lvx_test::seek(m_stream, 0, STREAM_SEEK_SET)));
+    EXPECT_EQ("80030102", code(m_stream->Stat(&status, STATFLAG_NONAME)));
+}
+
+TEST_F(CompoundWriter, counts_and_positions_are_told_only_to_who_asks) {
+    m_stream.reset();
+    ASSERT_EQ("", code(OpenStream(STGM_READWRITE | STGM_SHARE_EXCLUSIVE)));
+    char data[4] = {'b', 'l', 'u', 'e'};
+    EXPECT_EQ("", code(m_stream->Write(data, 4, nullptr)));
+    EXPECT_EQ("", code(m_stream->Seek(LARGE_INTEGER{}, STREAM_SEEK_SET, nullptr)));
+    EXPECT_EQ("", code(m_stream->Read(data, 2, nullptr)));
+    EXPECT_EQ("ue", lvx_test::read(m_stream, 10));
+}
+
+TEST_F(CompoundWriter, refuses_absent_names_places_and_modes) {
+    IStream* stream = nullptr;
+    const DWORD mode = lvx_test::read_stream_mode;
+    EXPECT_EQ("800300fc", code(m_storage->OpenStream(nullptr, nullptr, mode, 0, &stream)));
+    EXPECT_EQ("800300fc", code(m_storage->OpenStream(L"a:b", nullptr, mode, 0, &stream)));
+    EXPECT_EQ("80030009", code(m_storage->OpenStream(L"Sky", nullptr, mode, 0, nullptr)));
+    EXPECT_EQ("800300ff", code(m_storage->OpenStream(L"Sky", nullptr, STGM_READ, 0, &stream)));
+    EXPECT_EQ("800300fc", code(m_storage->CreateStream(nullptr, lvx_test::replace_mode, 0, 0, &stream)));
+    EXPECT_EQ("80030009", code(m_storage->CreateStream(L"Sea", lvx_test::replace_mode, 0, 0, nullptr)));
+    EXPECT_EQ("80030009", code(m_storage->EnumElements(0, nullptr, 0, nullptr)));
+    EXPECT_EQ(nullptr, stream);
+}

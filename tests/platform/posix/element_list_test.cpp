@@ -65,3 +65,11 @@ TEST(ElementList, lives_as_long_as_there_are_references) {
     EXPECT_EQ(1u, list->Release());
     EXPECT_EQ(0u, list->Release());
 }
+
+TEST(ElementList, needs_no_place_for_none) {
+    const auto list = three_elements();
+    EXPECT_EQ(S_OK, list->Next(0, nullptr, nullptr));
+    STATSTG element{};
+    ASSERT_EQ(S_OK, list->Next(1, &element, nullptr));
+    EXPECT_EQ(L"a", name_of(element));
+}

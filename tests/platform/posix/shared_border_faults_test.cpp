@@ -1,6 +1,8 @@
 // The n-th allocation fails, for every n: each call tells so, or succeeds all the same, and nothing is lost.
 #include <gtest/gtest.h>
+#include <pthread.h>
 
+#include <cstdlib>
 #include <optional>
 #include <string>
 
@@ -99,4 +101,20 @@ TEST(SharedBorderFaults, an_atom_without_memory_is_0_and_the_table_stays_as_it_w
     EXPECT_GE(refused, 3);
     EXPECT_EQ(0, GlobalDeleteAtom(atom));
     EXPECT_EQ(atom, GlobalDeleteAtom(atom));
+}
+
+// In a process of its own, which has not locked a mutex yet: the one key that all mutexes need is made then.
+TEST(SharedBorderFaultsDeathTest, a_mutex_without_a_key_for_its_owners_is_refused) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(
+        {
+            pthread_key_t key{};
+            while (pthread_key_create(&key, nullptr) == 0) {
+            }
+            const HANDLE mutex = CreateMutexA(nullptr, 0, nullptr);
+            const bool refused = CreateMutexA(nullptr, 1, nullptr) == nullptr &&
+                                 WaitForSingleObject(mutex, 0) == WAIT_FAILED && ReleaseMutex(mutex) == 0;
+            std::_Exit(refused ? 7 : 8);
+        },
+        testing::ExitedWithCode(7), "");
 }
