@@ -139,11 +139,11 @@ Contender reader(const char* name) {
 
 Benchmark make_read_key() {
     write_settings();
-    return {"settings/read-key",
-            "call",
-            reads,
-            {reader<LvxReader>("lvx"), reader<SimpleIniReader>("simpleini"),
-             reader<KeyFileReader>("gkeyfile")}};
+    return {
+        "settings/read-key",
+        "call",
+        reads,
+        {reader<LvxReader>("lvx"), reader<SimpleIniReader>("simpleini"), reader<KeyFileReader>("gkeyfile")}};
 }
 
 }  // namespace
