@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <string>
 
+#include "files/profile_folder.h"
 #include "lvx/images/dibitmap.h"
 #include "lvx/store/object_store_storage.h"
 #include "lvx/text/strings.h"
@@ -138,4 +139,28 @@ TEST_F(Examples, topics_are_handed_over_whole_and_in_order_of_their_making) {
         "3 topics handed over\n"
         "the worker ended with the mutex in its hands: told\n",
         m_output);
+}
+
+TEST_F(Examples, window_place_finds_what_it_left) {
+    const lvx_test::ProfileFolder profile;
+    const std::string command = "window_place " + profile.Name() + " " + profile.Folder();
+    EXPECT_TRUE(Run(command)) << m_output;
+    EXPECT_EQ("window at 100, 80: [(no title)]\n", m_output);
+    EXPECT_EQ("[Window]\r\nLeft=-50\r\nTitle=\" house \"\r\n", profile.Content());
+    EXPECT_TRUE(Run(command)) << m_output;
+    EXPECT_EQ("window at -50, 80: [ house ]\n", m_output);
+    EXPECT_FALSE(Run("window_place"));
+    EXPECT_EQ("usage: window_place NAME [FOLDER]\n", m_output);
+}
+
+TEST_F(Examples, recent_files_shows_the_files_of_the_last_time_too) {
+    const lvx_test::ProfileFolder profile;
+    const std::string command = "recent_files " + profile.Name() + " " + profile.Folder();
+    EXPECT_TRUE(Run(command + " a.drw b.drw")) << m_output;
+    EXPECT_EQ("&Open\n&1 b.drw\n    would open b.drw\n&2 a.drw\n----\nE&xit\n", m_output);
+    EXPECT_EQ("[MRU]\r\n1=b.drw\r\n2=a.drw\r\n", profile.Content());
+    EXPECT_TRUE(Run(command + " c.drw a.drw")) << m_output;
+    EXPECT_EQ("&Open\n&1 a.drw\n    would open a.drw\n&2 c.drw\n&3 b.drw\n----\nE&xit\n", m_output);
+    EXPECT_FALSE(Run("recent_files"));
+    EXPECT_EQ("usage: recent_files NAME FOLDER FILE...\n", m_output);
 }

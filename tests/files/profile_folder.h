@@ -30,6 +30,8 @@ public:
 
     /// What Settings is made for.
     const std::string& Name() const { return m_name; }
+    /// The folder of the test's own.
+    std::string Folder() const { return m_folder.Path(); }
     /// Where its file lies.
     std::filesystem::path File() const {
         return std::filesystem::path(lvx::profile_directory()) / (m_name + ".INI");
