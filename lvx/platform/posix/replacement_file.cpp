@@ -5,7 +5,7 @@
 
 #include <atomic>
 #include <cerrno>
-#include <cstdio>
+#include <utility>
 
 namespace lvx::platform {
 namespace {
@@ -32,11 +32,12 @@ ReplacementFile::~ReplacementFile() {
 
 bool ReplacementFile::Create() {
     for (int attempt = 0; attempt < most_attempts; ++attempt) {
-        const std::string name = next_name();
+        std::string name = next_name();
         constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW;
         m_file = FileDescriptor(openat(m_directory, name.c_str(), flags, usual_mode));
         if (m_file) {
-            m_own_name = name;
+            // Takes no memory: from here on the file is deleted whatever happens.
+            m_own_name = std::move(name);
             return true;
         }
         if (errno != EEXIST) {

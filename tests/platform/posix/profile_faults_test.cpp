@@ -12,6 +12,7 @@
 
 #include "lvx/platform/profile.h"
 #include "platform/posix/folder_names.h"
+#include "support/allocation.h"
 #include "support/bytes.h"
 #include "support/temp_folder.h"
 
@@ -142,4 +143,41 @@ TEST_F(ProfileFaults, a_file_that_cannot_be_read_gives_the_default) {
         EXPECT_EQ(7U, GetPrivateProfileIntA("s", "a", 7, m_file.c_str())) << call;
     }
     EXPECT_EQ(1U, GetPrivateProfileIntA("s", "a", 7, m_file.c_str()));
+}
+
+TEST_F(ProfileFaults, without_memory_a_write_is_done_or_not_and_nothing_is_thrown) {
+    long allocations = 0;
+    int failures = 0;
+    bool was_reached = true;
+    while (was_reached) {
+        lvx_test::write_file(m_file, before);
+        BOOL result = 0;
+        {
+            const lvx_test::FailingAllocation failing(allocations++);
+            result = WritePrivateProfileStringA("s", "a", "2", m_file.c_str());
+            was_reached = failing.HasFailed();
+        }
+        failures += result == 0;
+        EXPECT_EQ(result != 0 ? after : before, lvx_test::read_file(m_file)) << allocations;
+        EXPECT_EQ(Names{"f"}, lvx_test::folder_names(m_folder.Path())) << allocations;
+    }
+    EXPECT_GT(failures, 5);
+    EXPECT_EQ(after, lvx_test::read_file(m_file));
+}
+
+TEST_F(ProfileFaults, without_memory_a_text_is_the_default) {
+    lvx_test::write_file(m_file, before);
+    int defaults = 0;
+    bool was_reached = true;
+    for (long allocations = 0; was_reached; ++allocations) {
+        char value[8] = "";
+        {
+            const lvx_test::FailingAllocation failing(allocations);
+            EXPECT_EQ(1U, GetPrivateProfileStringA("s", "a", "D", value, sizeof value, m_file.c_str()));
+            was_reached = failing.HasFailed();
+        }
+        EXPECT_STREQ(was_reached ? "D" : "1", value) << allocations;
+        defaults += was_reached;
+    }
+    EXPECT_GT(defaults, 0);
 }
