@@ -4,7 +4,7 @@
 
 packages_build=(ca-certificates ccache cmake g++ make ninja-build python3 util-linux)
 packages_linux=("${packages_build[@]}" libgmock-dev libgsf-1-dev libgtest-dev libjpeg-dev libpng-dev
-    libre2-dev libsimpleini-dev pkg-config)
+    libre2-dev pkg-config)
 # The development packages tell which versions the Windows libraries are made from.
 packages_windows=("${packages_build[@]}" dpkg-dev googletest libjpeg-dev libre2-dev nasm
     unicode-data wine wine64 xauth xvfb)
@@ -12,7 +12,7 @@ packages_windows_x64=("${packages_windows[@]}" g++-mingw-w64-x86-64-posix)
 packages_windows_x86=("${packages_windows[@]}" debootstrap g++-mingw-w64-i686-posix)
 packages_gates=("${packages_linux[@]}" clang-format-14 clang-tidy-14 git shellcheck)
 packages_bench=("${packages_linux[@]}" libbenchmark-dev libboost-serialization-dev libcereal-dev libglib2.0-dev
-    libsdl2-dev libstb-dev)
+    libsdl2-dev libsimpleini-dev libstb-dev)
 packages_coverage=("${packages_linux[@]}" clang-14 libclang-rt-14-dev llvm-14)
 packages_fuzz=("${packages_linux[@]}" clang-14 libclang-rt-14-dev)
 
