@@ -15,10 +15,12 @@
 
 class OWL_EXPORT TRegexp {
 public:
-    /// What find() returns when nothing matches: all bits set.
-    static constexpr unsigned int not_found = ~0u;
-    /// Bytes of the longest pattern that is compiled.
-    static constexpr unsigned int longest_pattern = 65535;
+    enum : unsigned int {
+        /// What find() returns when nothing matches: all bits set.
+        not_found = ~0u,
+        /// Bytes of the longest pattern that is compiled.
+        longest_pattern = 65535
+    };
 
     /// Compiles `pattern`, which may be deleted afterwards. Each "^" at its very start anchors all of it,
     /// alternatives too, at the position where a search starts: "^a|b" finds no b further right. A pattern
