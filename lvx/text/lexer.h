@@ -56,7 +56,7 @@ public:
     long getToken(const std::string& text, unsigned int start, unsigned int& length) const;
 
 private:
-    const lvx::text::LexerPlan& Plan() const;
+    LVX_HIDDEN const lvx::text::LexerPlan& Plan() const;
 
     lvx::autovector<LexPair> m_pairs;
     // Made of the pairs when it is first needed, by whichever thread comes first.
