@@ -38,6 +38,7 @@ int main() {
     Storable* read = nullptr;
     reader >> read;
     const lvx::auto_ptr<Storable> owner(read);
-    std::printf("%s %d\n", read->ClassName(), static_cast<Host*>(read)->m_value);
-    return static_cast<Host*>(read)->m_value == 42 && finds_pattern() ? 0 : 1;
+    const int value = finds_pattern() ? static_cast<Host*>(read)->m_value : 0;
+    std::printf("%s %d\n", read->ClassName(), value);
+    return value == 42 ? 0 : 1;
 }
