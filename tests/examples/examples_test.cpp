@@ -128,3 +128,17 @@ TEST_F(Examples, plotter_says_what_its_page_says) {
     EXPECT_TRUE(Run("plotter")) << m_output;
     EXPECT_EQ(output_in_page("token-tables.md", "plotter"), m_output);
 }
+
+TEST_F(Examples, pattern_tokens_tells_keywords_names_numbers_and_signs) {
+    EXPECT_TRUE(Run("pattern_tokens \"Line(lines, -2.5,.5 )\"")) << m_output;
+    EXPECT_EQ(
+        "keyword\tLine\nsign\t(\nname\tlines\nsign\t,\nsign\t-\nnumber\t2.5\nsign\t,\nnumber\t.5\nsign\t)\n",
+        m_output);
+}
+
+TEST_F(Examples, pattern_tokens_tells_where_there_is_no_token) {
+    EXPECT_FALSE(Run("pattern_tokens \"move(1 ;2)\""));
+    EXPECT_NE(std::string::npos, m_output.find("no token at character 7\n")) << m_output;
+    EXPECT_FALSE(Run("pattern_tokens"));
+    EXPECT_EQ("usage: pattern_tokens TEXT\n", m_output);
+}

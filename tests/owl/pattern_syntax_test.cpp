@@ -205,5 +205,7 @@ TEST(PatternSyntax, flags_change_what_follows_or_a_group) {
                 {"(?s)a.b", "a\nb", 3},
                 {"a.b", "a\nb", -1},
                 {"\\Q1+1\\E=", "1+1=", 4},
-                {"\\pL+", "abc1", 3}});
+                {"\\pL+", "abc1", 3},
+                {"\\PL+", "12a", 2},
+                {"a|ab", "ab", 2}});
 }

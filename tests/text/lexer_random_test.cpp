@@ -76,9 +76,9 @@ int compare_one_lexer(unsigned int seed) {
 
 TEST(LexerRandom, gives_what_its_rule_gives) {
     int tokens = 0;
-    for (unsigned int seed = 1; seed <= 6000 && !testing::Test::HasFailure(); ++seed) {
+    for (unsigned int seed = 1; seed <= 3000 && !testing::Test::HasFailure(); ++seed) {
         tokens += compare_one_lexer(seed);
     }
     // Neither are all answers empty.
-    EXPECT_LT(40000, tokens);
+    EXPECT_LT(20000, tokens);
 }
