@@ -22,23 +22,23 @@ constexpr int least_priority = -1;
 class LexerPlan::Best {
 public:
     // Whether a match of the pair, of whatever length, could win.
-    bool CanWin(const Member& member) const { return member.pair->priority >= m_priority; }
+    bool CanWin(const Member& member) const { return member.priority >= m_priority; }
 
     void Offer(const Member& member, std::size_t length) {
         if (!LosesTo(member, length)) {
             return;
         }
-        m_priority = member.pair->priority;
+        m_priority = member.priority;
         m_order = member.order;
-        m_win = {member.pair->token, static_cast<unsigned int>(length)};
+        m_win = {member.token, static_cast<unsigned int>(length)};
     }
 
     Win Result() const { return m_win; }
 
 private:
     bool LosesTo(const Member& member, std::size_t length) const {
-        if (member.pair->priority != m_priority) {
-            return member.pair->priority > m_priority;
+        if (member.priority != m_priority) {
+            return member.priority > m_priority;
         }
         return length != m_win.length ? length > m_win.length : member.order < m_order;
     }
@@ -53,7 +53,7 @@ LexerPlan::LexerPlan(const std::vector<Lexer::LexPair*>& pairs) {
     std::vector<Parsed> parsed;
     std::uint32_t order = 0;
     for (const Lexer::LexPair* const pair : pairs) {
-        const Member member{pair, order++};
+        const Member member{pair->token, pair->priority, order++, &pair->expression};
         if (pair->priority < least_priority || !pair->expression.ok()) {
             continue;
         }
@@ -65,6 +65,10 @@ LexerPlan::LexerPlan(const std::vector<Lexer::LexPair*>& pairs) {
     }
     std::size_t work = most_work;
     MakeGroups(parsed.data(), parsed.size(), work);
+    // What a higher priority has won, the lower need not try.
+    std::stable_sort(m_singles.begin(), m_singles.end(),
+                     [](const Member& left, const Member& right) { return left.priority > right.priority; });
+    m_is_one_table = m_singles.empty() && m_groups.size() == 1;
 }
 
 // What is too much for one table is divided, down to patterns that are too much by themselves.
@@ -89,7 +93,7 @@ bool LexerPlan::MakeGroup(const Parsed* first, std::size_t count, std::size_t& w
             work -= std::min(work, machine.Steps().size());
             return false;
         }
-        rules.push_back({parsed->member.pair->priority, parsed->member.order});
+        rules.push_back({parsed->member.priority, parsed->member.order});
         members.push_back(parsed->member);
     }
     PatternLimits limits;
@@ -109,6 +113,18 @@ LexerPlan::Win LexerPlan::Find(std::string_view text, unsigned int start) const 
     if (start > text.size()) {
         return {};
     }
+    if (!m_is_one_table) {
+        return FindBest(text, start);
+    }
+    // Nobody else can win.
+    const PatternAutomaton::Match match = m_groups.front().automaton.Find(text.substr(start));
+    if (match.pattern == PatternStates::no_pattern) {
+        return {};
+    }
+    return {m_groups.front().members[match.pattern].token, static_cast<unsigned int>(match.length)};
+}
+
+LexerPlan::Win LexerPlan::FindBest(std::string_view text, unsigned int start) const {
     Best best;
     for (const Group& group : m_groups) {
         const PatternAutomaton::Match match = group.automaton.Find(text.substr(start));
@@ -118,7 +134,7 @@ LexerPlan::Win LexerPlan::Find(std::string_view text, unsigned int start) const 
     }
     for (const Member& member : m_singles) {
         unsigned int length = 0;
-        if (best.CanWin(member) && member.pair->expression.find(text, &length, start) != TRegexp::not_found) {
+        if (best.CanWin(member) && member.expression->find(text, &length, start) != TRegexp::not_found) {
             best.Offer(member, length);
         }
     }

@@ -34,9 +34,12 @@ public:
     std::size_t Singles() const { return m_singles.size(); }
 
 private:
+    // A pair, of which the longest match counts.
     struct Member {
-        const Lexer::LexPair* pair = nullptr;
+        long token = -1;
+        int priority = 0;
         std::uint32_t order = 0;
+        const TRegexp* expression = nullptr;
     };
 
     struct Parsed {
@@ -54,10 +57,12 @@ private:
     class Best;
 
     void MakeGroups(const Parsed* first, std::size_t count, std::size_t& work);
+    Win FindBest(std::string_view text, unsigned int start) const;
     bool MakeGroup(const Parsed* first, std::size_t count, std::size_t& work);
 
     std::vector<Group> m_groups;
     std::vector<Member> m_singles;
+    bool m_is_one_table = false;
 };
 
 }  // namespace lvx::text

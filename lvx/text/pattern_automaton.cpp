@@ -1,7 +1,6 @@
 #include "lvx/text/pattern_automaton.h"
 
 #include <algorithm>
-#include <cstring>
 #include <limits>
 #include <numeric>
 
@@ -54,7 +53,7 @@ public:
             std::transform(state.next.begin(), state.next.end(), row,
                            [this](std::uint32_t next) { return static_cast<Cell>(m_row_of[next]); });
             row[m_automaton.m_columns + Pattern] = static_cast<Cell>(state.pattern + 1);
-            row[m_automaton.m_columns + RunPlace] = static_cast<Cell>(m_run_of[number]);
+            row[m_automaton.m_columns + Run] = static_cast<Cell>(m_run_of[number]);
         }
     }
 
@@ -79,7 +78,7 @@ private:
         for (std::size_t number = PatternStates::start; number < m_run_of.size(); ++number) {
             const ByteSet staying = staying_bytes(m_states, number);
             if (staying.count() >= 255) {
-                AddRun(number, {0, first_missing(staying)});
+                m_run_of[number] = std::size_t{first_missing(staying)} << 8;
             } else if (staying.count() > 1) {
                 masked.emplace_back(staying.count(), number);
             }
@@ -97,12 +96,7 @@ private:
             m_automaton.m_stays[byte] =
                 static_cast<std::uint8_t>(m_automaton.m_stays[byte] | (staying[byte] ? bit : 0));
         }
-        AddRun(number, {bit, 0});
-    }
-
-    void AddRun(std::size_t number, Run run) {
-        m_run_of[number] = m_automaton.m_runs.size();
-        m_automaton.m_runs.push_back(run);
+        m_run_of[number] = bit;
     }
 
     Rank RankOf(std::size_t number) const {
@@ -135,11 +129,12 @@ private:
         m_automaton.m_start = m_row_of[PatternStates::start];
     }
 
-    static constexpr std::size_t no_run = std::numeric_limits<std::uint16_t>::max();
+    // No run has a bit and a byte.
+    static constexpr std::size_t no_run = 0xFFFF;
 
     const PatternStates& m_states;
     PatternAutomaton& m_automaton;
-    // By the state's number: its run, or no_run, and its row.
+    // By the state's number: its trailer Run, or no_run, and its row.
     std::vector<std::size_t> m_run_of;
     std::vector<std::size_t> m_row_of;
     // The states' numbers in the order of their rows.
@@ -155,64 +150,19 @@ PatternAutomaton::PatternAutomaton(const PatternStates& states) {
     }
 }
 
-PatternAutomaton::Match PatternAutomaton::Find(std::string_view text) const {
-    return m_wide.empty() ? FindIn(m_narrow.data(), text) : FindIn(m_wide.data(), text);
-}
-
-inline const std::uint8_t* PatternAutomaton::GoThrough(const Run& run, const std::uint8_t* begin,
-                                                       const std::uint8_t* end) const {
-    if (run.bit == 0) {
-        const void* const exit = std::memchr(begin, run.exit, static_cast<std::size_t>(end - begin));
-        return exit != nullptr ? static_cast<const std::uint8_t*>(exit) : end;
-    }
-    while (begin != end && (m_stays[*begin] & run.bit) != 0) {
-        ++begin;
-    }
-    return begin;
-}
-
-template <class Cell>
-inline PatternAutomaton::Match PatternAutomaton::FindIn(const Cell* table, std::string_view text) const {
-    const auto* const begin = reinterpret_cast<const std::uint8_t*>(text.data());
-    const std::uint8_t* const end = begin + text.size();
-    const std::uint8_t* place = begin;
-    std::size_t state = m_start;
-    while (place != end) {
-        const std::size_t next = table[state + m_class_of[*place]];
-        if (next == 0) {
-            break;
-        }
-        state = next;
-        ++place;
-        if (next <= m_last_run) {
-            if (next <= m_last_end) {
-                break;
-            }
-            place = GoThrough(m_runs[table[state + m_columns + RunPlace]], place, end);
-        }
-    }
-    const std::size_t won = table[state + m_columns + Pattern];
-    if (won != 0) {
-        return {static_cast<std::uint32_t>(won - 1), static_cast<std::size_t>(place - begin)};
-    }
-    return FindEarlier(table, begin, place);
-}
-
-// The last match before `end`, where there is none: the bytes once more, remembering.
-template <class Cell>
-PatternAutomaton::Match PatternAutomaton::FindEarlier(const Cell* table, const std::uint8_t* begin,
-                                                      const std::uint8_t* end) const {
+// The bytes once more, remembering.
+PatternAutomaton::Match PatternAutomaton::FindEarlier(std::string_view text) const {
     Match match;
     std::size_t state = m_start;
-    for (const std::uint8_t* place = begin;; ++place) {
-        const std::size_t won = table[state + m_columns + Pattern];
+    for (std::size_t place = 0;; ++place) {
+        const std::size_t won = At(state + m_columns + Pattern);
         if (won != 0) {
-            match = {static_cast<std::uint32_t>(won - 1), static_cast<std::size_t>(place - begin)};
+            match = {static_cast<std::uint32_t>(won - 1), place};
         }
-        if (place == end) {
+        if (place == text.size()) {
             return match;
         }
-        state = table[state + m_class_of[*place]];
+        state = At(state + m_class_of[AsByte(text[place])]);
     }
 }
 
