@@ -16,9 +16,13 @@ bool is_end(const PatternStates::State& state) {
 
 // The bytes that leave a state as it is.
 ByteSet staying_bytes(const PatternStates& states, std::size_t number) {
+    const std::vector<std::uint32_t>& next = states.States()[number].next;
     ByteSet staying;
+    if (std::find(next.begin(), next.end(), number) == next.end()) {
+        return staying;
+    }
     for (std::size_t byte = 0; byte < 256; ++byte) {
-        staying[byte] = states.States()[number].next[states.Classes().class_of[byte]] == number;
+        staying[byte] = next[states.Classes().class_of[byte]] == number;
     }
     return staying;
 }

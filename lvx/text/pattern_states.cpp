@@ -2,24 +2,35 @@
 
 #include <algorithm>
 #include <map>
+#include <tuple>
 #include <utility>
 
 namespace lvx::text {
 
 ByteClasses::ByteClasses(const std::vector<ByteSet>& sets) {
-    std::map<std::vector<bool>, std::uint8_t> known;
+    for (const ByteSet& set : sets) {
+        Divide(set);
+    }
     for (std::size_t byte = 0; byte < 256; ++byte) {
-        std::vector<bool> membership;
-        membership.reserve(sets.size());
-        for (const ByteSet& set : sets) {
-            membership.push_back(set[byte]);
-        }
-        const auto [place, is_new] =
-            known.try_emplace(std::move(membership), static_cast<std::uint8_t>(examples.size()));
-        class_of[byte] = place->second;
-        if (is_new) {
+        // Classes are numbered as they come up.
+        if (class_of[byte] == examples.size()) {
             examples.push_back(static_cast<std::uint8_t>(byte));
         }
+    }
+}
+
+// Each class becomes those of its bytes that are in the set, and the others.
+void ByteClasses::Divide(const ByteSet& set) {
+    constexpr std::size_t unknown = 256;
+    std::array<std::size_t, 512> numbers;
+    numbers.fill(unknown);
+    std::size_t count = 0;
+    for (std::size_t byte = 0; byte < 256; ++byte) {
+        std::size_t& number = numbers[class_of[byte] * std::size_t{2} + (set[byte] ? 1 : 0)];
+        if (number == unknown) {
+            number = count++;
+        }
+        class_of[byte] = static_cast<std::uint8_t>(number);
     }
 }
 
@@ -58,7 +69,9 @@ private:
         std::uint32_t pattern = PatternStates::no_pattern;
         std::vector<PatternMachine::Place> steps;
 
-        friend auto operator<=>(const Key&, const Key&) = default;
+        friend bool operator<(const Key& left, const Key& right) {
+            return std::tie(left.pattern, left.steps) < std::tie(right.pattern, right.steps);
+        }
     };
 
     std::size_t Classes() const { return m_made.m_classes.examples.size(); }

@@ -35,8 +35,11 @@ struct ByteClasses {
     explicit ByteClasses(const std::vector<ByteSet>& sets);
 
     std::array<std::uint8_t, 256> class_of{};
-    /// A byte of each class.
+    /// The first byte of each class.
     std::vector<std::uint8_t> examples;
+
+private:
+    void Divide(const ByteSet& set);
 };
 
 class PatternStates {
