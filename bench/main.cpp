@@ -14,6 +14,7 @@
 #include "bench/bmp_bench.h"
 #include "bench/compound_bench.h"
 #include "bench/jpeg_bench.h"
+#include "bench/lexer_bench.h"
 #include "bench/report.h"
 #include "bench/runner.h"
 #include "bench/settings_bench.h"
@@ -69,7 +70,8 @@ std::vector<Entry> all_entries() {
     std::vector<Entry> entries;
     for (const auto& group :
          {lvx_bench::store_benchmarks(), lvx_bench::compound_benchmarks(), lvx_bench::bmp_benchmarks(),
-          lvx_bench::jpeg_benchmarks(), lvx_bench::settings_benchmarks(), lvx_bench::tokens_benchmarks()}) {
+          lvx_bench::jpeg_benchmarks(), lvx_bench::lexer_benchmarks(), lvx_bench::settings_benchmarks(),
+          lvx_bench::tokens_benchmarks()}) {
         entries.insert(entries.end(), group.begin(), group.end());
     }
     return entries;

@@ -21,6 +21,7 @@
 #include "lvx/store/storable.h"
 #include "lvx/text/error.h"
 #include "lvx/text/function_parser.h"
+#include "lvx/text/lexer.h"
 #include "lvx/text/ownership.h"
 #include "lvx/text/report.h"
 #include "lvx/text/strings.h"

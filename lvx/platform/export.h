@@ -1,7 +1,7 @@
 // lvx/platform/export.h
 //
 // LVX_EXPORT marks what hosts may use; everything else stays inside the shared library. LVX_HIDDEN marks what
-// stays inside although it is nested in a class that hosts may use.
+// stays inside although it belongs to a class that hosts may use.
 #pragma once
 
 #ifdef _WIN32

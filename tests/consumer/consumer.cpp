@@ -1,5 +1,6 @@
-// A host's whole program: an object through a store and back.
+// A host's whole program: an object through a store and back, and a pattern out of the framework.
 #include <lvx/lvx.h>
+#include <owl/regexp.h>
 
 #include <cstdio>
 #include <sstream>
@@ -19,6 +20,11 @@ const bool registered = (ObjectFactory::Register("Host", ObjectFactory::CreateSt
 
 }  // namespace
 
+bool finds_pattern() {
+    unsigned int length = 0;
+    return TRegexp("o.t").find("Host", &length, 0) == 1 && length == 3;
+}
+
 int main() {
     std::stringstream bytes;
     ObjectStoreStream store;
@@ -32,6 +38,7 @@ int main() {
     Storable* read = nullptr;
     reader >> read;
     const lvx::auto_ptr<Storable> owner(read);
-    std::printf("%s %d\n", read->ClassName(), static_cast<Host*>(read)->m_value);
-    return static_cast<Host*>(read)->m_value == 42 ? 0 : 1;
+    const int value = finds_pattern() ? static_cast<Host*>(read)->m_value : 0;
+    std::printf("%s %d\n", read->ClassName(), value);
+    return value == 42 ? 0 : 1;
 }

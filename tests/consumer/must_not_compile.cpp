@@ -23,6 +23,9 @@ void mistakes() {
     lvx::autovector<int> elements;
     lvx::autovector<int> copy(elements);  // two owners of each element
 #elif CASE == 7
+    Lexer lexer;
+    Lexer copy(lexer);  // two owners of each pattern
+#elif CASE == 8
     throw lvx::runtime_error("by value, not by literal", 1);
 #endif
 }

@@ -164,3 +164,17 @@ TEST_F(Examples, recent_files_shows_the_files_of_the_last_time_too) {
     EXPECT_FALSE(Run("recent_files"));
     EXPECT_EQ("usage: recent_files NAME FOLDER FILE...\n", m_output);
 }
+
+TEST_F(Examples, pattern_tokens_tells_keywords_names_numbers_and_signs) {
+    EXPECT_TRUE(Run("pattern_tokens \"Line(lines, -2.5,.5 )\"")) << m_output;
+    EXPECT_EQ(
+        "keyword\tLine\nsign\t(\nname\tlines\nsign\t,\nsign\t-\nnumber\t2.5\nsign\t,\nnumber\t.5\nsign\t)\n",
+        m_output);
+}
+
+TEST_F(Examples, pattern_tokens_tells_where_there_is_no_token) {
+    EXPECT_FALSE(Run("pattern_tokens \"move(1 ;2)\""));
+    EXPECT_NE(std::string::npos, m_output.find("no token at character 7\n")) << m_output;
+    EXPECT_FALSE(Run("pattern_tokens"));
+    EXPECT_EQ("usage: pattern_tokens TEXT\n", m_output);
+}
