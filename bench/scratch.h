@@ -13,7 +13,7 @@ std::string scratch_file(const std::string& name);
 /// Deletes the file if it is there, so that each writing run makes a new one.
 void remove_scratch_file(const std::string& path);
 
-/// The contents of a whole file. Throws std::runtime_error if it cannot be read.
+/// The contents of a whole file, wherever it lies. Throws std::runtime_error if it cannot be read.
 std::string read_scratch_file(const std::string& path);
 
 }  // namespace lvx_bench
