@@ -72,6 +72,7 @@ bool TMsgThread::PumpWaitingMessages() {
 bool TMsgThread::TakeMessage(MSG& msg) {
     if (msg.message == WM_QUIT) {
         ::PostQuitMessage(static_cast<int>(msg.wParam));
+        ThrowCarriedException();
         return false;
     }
     Process(msg);

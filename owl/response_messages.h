@@ -243,7 +243,7 @@ LRESULT Position(T& object, const TEvent& event) {
     OWL_ENTRY(owl::TEventInfo::ChildNotification, id, owl::TResponseTableEntry<TMyClass>::AllCodes, nullptr, \
               Code, method)
 /// In a control's own table, what it would notify its parent of: `void method()`. The parent is not told
-/// then.
+/// then, unless the control is a scroll bar.
 #define EV_NOTIFY_AT_CHILD(code, method) \
     OWL_ENTRY(owl::TEventInfo::NotificationAtChild, 0, code, nullptr, Nothing, method)
 /// A WM_NOTIFY of the child `id`: `LRESULT method(TNotify&)` or `void method(TNotify&)`.

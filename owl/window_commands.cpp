@@ -53,7 +53,9 @@ LRESULT TWindow::AnswerScrollBar(const TEvent& event) {
     const TEvent notification{event.Msg, event.WParam, event.LParam,
                               static_cast<UINT>(::GetDlgCtrlID(control)), LOWORD(event.WParam)};
     LRESULT answer = 0;
-    if (TakenByControl(control, notification, answer) || TakenByParent(*this, notification, answer))
+    // The bar moves its thumb first; whoever else is interested then reads the position.
+    TakenByControl(control, notification, answer);
+    if (TakenByParent(*this, notification, answer))
         return answer;
     return AnswerMessage(event, event.Msg);
 }

@@ -73,6 +73,13 @@ TEST_F(CarriedException, leaves_the_messages_behind_it_in_the_queue) {
     EXPECT_EQ("9", Pump());
 }
 
+TEST_F(CarriedException, is_thrown_before_a_quit_ends_the_loop) {
+    window->SendMessage(WM_USER + 1, 2);
+    ::PostQuitMessage(1);
+    EXPECT_EQ("2", Pump());
+    EXPECT_EQ(1, desk.application.MessageLoop());
+}
+
 TEST_F(CarriedException, is_thrown_at_once_by_a_message_that_does_not_cross_the_system) {
     EXPECT_THROW(window->HandleMessage(WM_USER + 1, 1), std::out_of_range);
     EXPECT_EQ("nothing", Pump());

@@ -81,6 +81,9 @@ inline void Press(std::initializer_list<WORD> keys) {
 /// A frame that exists, with the application that it needs.
 struct Desk {
     Desk() : application("desk") {
+        // What the test before may have left.
+        MSG quit{};
+        ::PeekMessageA(&quit, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
         frame = new owl::TFrameWindow(nullptr, "desk");
         Place(*frame);
         application.SetMainWindow(frame);
