@@ -42,7 +42,7 @@ public:
     static const TColor LtCyan;
     static const TColor LtMagenta;
     static const TColor LtYellow;
-    /// No colour at all, for who asks: all bits set.
+    /// No colour at all, for who asks: white with a bit that drawing does not look at.
     static const TColor Transparent;
 
     constexpr int Red() const { return static_cast<int>(m_value & 0xFF); }
@@ -85,6 +85,6 @@ inline constexpr TColor TColor::LtBlue{0, 0, 255};
 inline constexpr TColor TColor::LtCyan{0, 255, 255};
 inline constexpr TColor TColor::LtMagenta{255, 0, 255};
 inline constexpr TColor TColor::LtYellow{255, 255, 0};
-inline constexpr TColor TColor::Transparent{static_cast<COLORREF>(0xFFFFFFFF)};
+inline constexpr TColor TColor::Transparent{static_cast<COLORREF>(0x80FFFFFF)};
 
 }  // namespace owl

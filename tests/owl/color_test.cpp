@@ -57,7 +57,10 @@ TEST(Color, named_constants_have_the_published_values) {
         EXPECT_EQ(name.blue, name.color.Blue());
         EXPECT_EQ(name.color, name.color.Rgb());
     }
-    EXPECT_EQ(Bits(0xFFFFFFFF), TColor::Transparent.GetValue());
+    EXPECT_EQ(Bits(0x80FFFFFF), TColor::Transparent.GetValue());
+    EXPECT_EQ(TColor::White, TColor::Transparent.Rgb());
+    EXPECT_FALSE(TColor::Transparent.IsPaletteIndex());
+    EXPECT_FALSE(TColor::Transparent.IsPaletteRelative());
     EXPECT_NE(TColor::White, TColor::Transparent);
 }
 
