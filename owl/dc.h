@@ -209,7 +209,7 @@ public:
     /// is not normal.
     bool StretchBlt(const TRect& dest, const TDC& source, const TRect& from, unsigned long rop = SRCCOPY);
     /// Draws `src`, a part of the picture that `info` and `bits` hold, to `dest`, stretched and mirrored as
-    /// above. `src` is counted from the picture's lower left corner if its rows stand lowest first. `usage`
+    /// above. `src` is counted from the lower left corner of a picture whose lowest row stands first. `usage`
     /// is DIB_RGB_COLORS or DIB_PAL_COLORS. Null pointers draw nothing.
     bool StretchDIBits(const TRect& dest, const TRect& src, const void* bits, const BITMAPINFO* info,
                        unsigned int usage = DIB_RGB_COLORS, unsigned long rop = SRCCOPY);

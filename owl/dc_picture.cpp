@@ -38,7 +38,7 @@ bool TDC::StretchDIBits(const TRect& dest, const TRect& src, const void* bits, c
         return StretchTurnedDIBits(m_handle, dest, src, bits, info, usage, rop);
     const int lines = ::StretchDIBits(m_handle, dest.left, dest.top, dest.Width(), dest.Height(), src.left,
                                       src.top, src.Width(), src.Height(), bits, info, usage, rop);
-    return lines > 0;
+    return lines != 0;
 }
 
 }  // namespace owl

@@ -101,7 +101,7 @@ public:
         const BITMAPINFO info = TrueColorInfo(m_rect.Width(), m_rect.Height());
         const bool drawn = clipped && ::StretchDIBits(dc, m_rect.left, m_rect.top, m_rect.Width(),
                                                       m_rect.Height(), 0, 0, m_rect.Width(), m_rect.Height(),
-                                                      m_pixels.data(), &info, DIB_RGB_COLORS, rop) > 0;
+                                                      m_pixels.data(), &info, DIB_RGB_COLORS, rop) != 0;
         ::RestoreDC(dc, saved);
         return drawn;
     }

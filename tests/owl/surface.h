@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -35,14 +36,21 @@ inline HBITMAP MakeSection(int width, int height, int bitCount = 32) {
 
 class Surface {
 public:
-    Surface(int width, int height, int bitCount = 32)
-        : m_size(width, height), bitmap(MakeSection(width, height, bitCount), owl::AutoDelete) {
+    Surface(int width, int height)
+        : m_size(width, height), bitmap(MakeSection(width, height), owl::AutoDelete) {
         dc.SelectObject(bitmap);
         dc.PatBlt(0, 0, width, height, WHITENESS);
     }
 
-    /// The pixel as the system reads it, 0xBBGGRR.
-    COLORREF At(int x, int y) const { return ::GetPixel(dc, x, y); }
+    /// The pixel that lies there, whatever the modes and transforms of the context: 0xBBGGRR.
+    COLORREF At(int x, int y) const {
+        BITMAP section;
+        bitmap.GetObject(section);
+        ::GdiFlush();
+        const BYTE* pixel = static_cast<const BYTE*>(section.bmBits) +
+                            static_cast<std::ptrdiff_t>(m_size.cy - 1 - y) * section.bmWidthBytes + x * 4;
+        return RGB(pixel[2], pixel[1], pixel[0]);
+    }
 
     /// All pixels by letters, a line per row: '.' white, '#' black, R G B and Y C M for the pure colours, '?'
     /// others.
