@@ -36,6 +36,9 @@ HANDLE TClipboard::RequireClipboardData(unsigned int format) const {
 }
 
 void TClipboard::SetClipboardData(unsigned int format, HANDLE data) {
+    // Asked in vain, some systems keep a bitmap all the same.
+    if (!m_open)
+        throw TXWindow(FailureText("SetClipboardData", ERROR_CLIPBOARD_NOT_OPEN), ERROR_CLIPBOARD_NOT_OPEN);
     Require<TXWindow>("SetClipboardData", [&] { return ::SetClipboardData(format, data); });
 }
 

@@ -1,4 +1,4 @@
-// A window of the system's own kind, without the framework: popups of a plain class.
+// A window of the system's own kind, without the framework: a popup of a plain class.
 #pragma once
 
 #include <windows.h>
@@ -13,6 +13,9 @@ public:
     ~MessageWindow() { ::DestroyWindow(m_window); }
     MessageWindow(const MessageWindow&) = delete;
     MessageWindow& operator=(const MessageWindow&) = delete;
+
+    /// Shows it without activating it: no window manager is waited for.
+    void Show() const { ::ShowWindow(m_window, SW_SHOWNOACTIVATE); }
 
     operator HWND() const { return m_window; }
 

@@ -18,12 +18,13 @@ using owl::TWindowDC;
 using owl_test::MessageWindow;
 
 /// A window with a frame, shown at (20, 20), 100 by 80.
-MessageWindow Framed() {
-    return MessageWindow(WS_POPUP | WS_VISIBLE | WS_DLGFRAME, 100, 80);
-}
+class Framed : public MessageWindow {
+public:
+    Framed() : MessageWindow(WS_POPUP | WS_BORDER, 100, 80) { Show(); }
+};
 
 TEST(WindowDc, begins_at_the_frame_and_a_client_context_inside_of_it) {
-    const MessageWindow window = Framed();
+    const Framed window;
     POINT client = {0, 0};
     ::ClientToScreen(window, &client);
     RECT frame;
@@ -38,7 +39,7 @@ TEST(WindowDc, begins_at_the_frame_and_a_client_context_inside_of_it) {
 }
 
 TEST(WindowDc, draws_on_the_window) {
-    const MessageWindow window = Framed();
+    const Framed window;
     {
         TClientDC dc(window);
         dc.SetPixel(3, 4, TColor(9, 8, 7));
@@ -81,7 +82,7 @@ LRESULT CALLBACK PaintProcedure(HWND window, UINT message, WPARAM wparam, LPARAM
 }
 
 TEST(PaintDc, tells_what_is_to_be_painted_and_has_it_painted_at_its_end) {
-    const MessageWindow window = Framed();
+    const Framed window;
     Painter painter;
     ::SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&painter));
     ::SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&PaintProcedure));
@@ -98,7 +99,7 @@ TEST(PaintDc, tells_what_is_to_be_painted_and_has_it_painted_at_its_end) {
 
 // The original tools were not restored, and the next who got the context drew with a deleted pen.
 TEST(WindowDc, gives_its_context_back_with_the_original_tools) {
-    const MessageWindow window = Framed();
+    const Framed window;
     const HGDIOBJ original = ::GetCurrentObject(TClientDC(window), OBJ_PEN);
     const int before = owl_test::RoomForGdiObjects();
     for (int i = 0; i < 1000; ++i) {
