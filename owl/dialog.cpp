@@ -20,7 +20,7 @@ bool IsKey(UINT msg) {
 }  // namespace
 
 DEFINE_RESPONSE_TABLE1(TDialog, TWindow)
-    EV_COMMAND(IDOK, CmOk), EV_COMMAND(IDCANCEL, CmCancel), EV_WM_CLOSE, EV_WM_INITDIALOG,
+    EV_COMMAND(IDOK, CmOk), EV_COMMAND(IDCANCEL, CmCancel), EV_WM_CLOSE, EV_WM_INITDIALOG, EV_WM_PAINT,
 END_RESPONSE_TABLE;
 
 TDialog::TDialog() = default;
@@ -130,6 +130,10 @@ void TDialog::CmCancel() {
 // As the command, so that a class which answers Cancel its own way answers the close box too.
 void TDialog::EvClose() {
     HandleMessage(WM_COMMAND, IDCANCEL);
+}
+
+void TDialog::EvPaint() {
+    PaintByObject();
 }
 
 bool TDialog::PreProcessMsg(MSG& msg) {

@@ -38,6 +38,8 @@ public:
     /// Calls SetupWindow. True lets the system set the focus.
     virtual bool EvInitDialog(HWND focus);
     void EvClose();
+    /// Calls Paint: a dialog's background can be drawn on.
+    void EvPaint();
 
     /// Turns dialog units into pixels.
     void MapDialogRect(TRect& rect) const;

@@ -330,6 +330,8 @@ protected:
     void Attach(HWND handle);
     /// Answers a message for a window procedure: nothing is thrown, but carried to the next loop.
     LRESULT ReceiveMessage(UINT msg, WPARAM wParam, LPARAM lParam) noexcept;
+    /// Answers WM_PAINT by Paint.
+    void PaintByObject();
     /// Calls SetupWindow; if that throws, the window goes.
     void FinishCreation();
     /// What the menu argument of a window's creation is: a child's id, or the menu of Attr, loaded.
