@@ -17,19 +17,24 @@ inline DWORD UserObjects() {
     return ::GetGuiResources(::GetCurrentProcess(), GR_USEROBJECTS);
 }
 
+namespace detail {
+
+inline BOOL CALLBACK CountChild(HWND, LPARAM count) {
+    ++*reinterpret_cast<int*>(count);
+    return TRUE;
+}
+
+inline BOOL CALLBACK CountWindow(HWND window, LPARAM count) {
+    ::EnumChildWindows(window, &CountChild, count);
+    return CountChild(window, count);
+}
+
+}  // namespace detail
+
 /// The windows of this thread that are on the desk, children too.
 inline int CountWindows() {
     int count = 0;
-    const auto visit = [](HWND window, LPARAM parameter) -> BOOL {
-        const auto visitChild = [](HWND, LPARAM children) -> BOOL {
-            ++*reinterpret_cast<int*>(children);
-            return TRUE;
-        };
-        ++*reinterpret_cast<int*>(parameter);
-        ::EnumChildWindows(window, visitChild, parameter);
-        return TRUE;
-    };
-    ::EnumThreadWindows(::GetCurrentThreadId(), visit, reinterpret_cast<LPARAM>(&count));
+    ::EnumThreadWindows(::GetCurrentThreadId(), &detail::CountWindow, reinterpret_cast<LPARAM>(&count));
     return count;
 }
 

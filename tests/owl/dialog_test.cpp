@@ -54,6 +54,12 @@ DEFINE_RESPONSE_TABLE1(Dialog, owl::TDialog)
     EV_MESSAGE(WM_APP + 1, Act),
 END_RESPONSE_TABLE;
 
+void CALLBACK PressOk(HWND, UINT, UINT_PTR timer, DWORD) {
+    ::KillTimer(nullptr, timer);
+    if (const HWND box = ::FindWindowA("#32770", "Every control"))
+        ::PostMessageA(box, WM_COMMAND, IDOK, 0);
+}
+
 struct DialogTest : testing::Test {
     DialogTest() { desk::Activate(*desk.frame); }
 
@@ -137,11 +143,7 @@ TEST_F(DialogTest, of_a_missing_resource_throws) {
 
 TEST_F(DialogTest, is_idle_inside_of_its_loop) {
     Dialog dialog(desk.frame);
-    ::SetTimer(nullptr, 0, 50, [](HWND, UINT, UINT_PTR id, DWORD) {
-        ::KillTimer(nullptr, id);
-        if (const HWND box = ::FindWindowA("#32770", "Every control"))
-            ::PostMessageA(box, WM_COMMAND, IDOK, 0);
-    });
+    ::SetTimer(nullptr, 0, 50, &PressOk);
     EXPECT_EQ(IDOK, dialog.Execute());
     EXPECT_LT(0, dialog.idles);
 }

@@ -9,6 +9,15 @@ using owl::TPoint;
 using owl::TRect;
 using owl::TWindow;
 
+// Presses No in the box as soon as there is one.
+void CALLBACK PressNo(HWND, UINT, UINT_PTR timer, DWORD) {
+    const HWND box = ::FindWindowA("#32770", "the caption");
+    if (box == nullptr)
+        return;
+    ::KillTimer(nullptr, timer);
+    ::PostMessageA(box, WM_COMMAND, IDNO, 0);
+}
+
 struct WindowCalls : testing::Test {
     WindowCalls() : window(new TWindow(desk.frame, "title")) {
         window->Attr.X = 5;
@@ -183,13 +192,7 @@ TEST_F(WindowCalls, time) {
 
 TEST_F(WindowCalls, show_a_box_whose_buttons_are_keys) {
     ASSERT_TRUE(desk::Activate(*desk.frame));
-    const auto pressLater = [](HWND, UINT, UINT_PTR id, DWORD) {
-        if (::FindWindowA("#32770", "the caption") == nullptr)
-            return;
-        ::KillTimer(nullptr, id);
-        ::PostMessageA(::FindWindowA("#32770", "the caption"), WM_COMMAND, IDNO, 0);
-    };
-    ::SetTimer(nullptr, 0, 50, pressLater);
+    ::SetTimer(nullptr, 0, 50, &PressNo);
     EXPECT_EQ(IDNO, desk.frame->MessageBox("the text", "the caption", MB_YESNO));
 }
 

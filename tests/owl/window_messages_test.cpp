@@ -45,6 +45,10 @@ DEFINE_RESPONSE_TABLE1(Talker, TWindow)
         EV_WM_SETFOCUS, EV_WM_ERASEBKGND, EV_WM_CTLCOLOR,
 END_RESPONSE_TABLE;
 
+DWORD WINAPI Ask(void* window) {
+    return static_cast<DWORD>(::SendMessageA(static_cast<HWND>(window), WM_COMMAND_ENABLE, 0, 16));
+}
+
 struct WindowMessages : testing::Test {
     WindowMessages() : talker(new Talker(desk.frame)) { talker->Create(); }
 
@@ -95,10 +99,7 @@ TEST_F(WindowMessages, may_delete_the_window_that_handles_them) {
 // The question's address would be read from wherever another thread says.
 TEST_F(WindowMessages, that_ask_for_enabling_are_not_taken_from_other_threads) {
     const HWND handle = talker->GetHandle();
-    const auto ask = [](void* window) -> DWORD {
-        return static_cast<DWORD>(::SendMessageA(static_cast<HWND>(window), WM_COMMAND_ENABLE, 0, 16));
-    };
-    const HANDLE thread = ::CreateThread(nullptr, 0, ask, handle, 0, nullptr);
+    const HANDLE thread = ::CreateThread(nullptr, 0, &Ask, handle, 0, nullptr);
     ASSERT_NE(nullptr, thread);
     EXPECT_TRUE(desk::PumpUntil([&] { return ::WaitForSingleObject(thread, 0) == WAIT_OBJECT_0; }));
     DWORD answer = 99;
