@@ -18,7 +18,7 @@ TDC::TDC(HDC handle) : m_handle(handle) {
 
 TDC::~TDC() {
     if (m_handle)
-        TDC::RestoreObjects();
+        RestoreObjects();
 }
 
 HDC TDC::ReleaseHandle() {

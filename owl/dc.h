@@ -56,8 +56,9 @@ public:
     void RestoreBrush();
     void RestoreFont();
     void RestorePalette();
-    /// All of them.
-    virtual void RestoreObjects();
+    /// All of them. The bitmap of a TMemoryDC stays: who paints on a context that another made must not take
+    /// away what is painted on.
+    void RestoreObjects();
 
     /// Makes the selected palette's colours those of the device. How many had to change; GDI_ERROR if that
     /// failed.

@@ -21,6 +21,7 @@ TMemoryDC::TMemoryDC(const TDC& dc) {
 }
 
 TMemoryDC::~TMemoryDC() {
+    RestoreBitmap();
     if (const HDC handle = ReleaseHandle())
         ::DeleteDC(handle);
 }
@@ -31,11 +32,6 @@ void TMemoryDC::SelectObject(const TBitmap& bitmap) {
 
 void TMemoryDC::RestoreBitmap() {
     Restore(m_originalBitmap);
-}
-
-void TMemoryDC::RestoreObjects() {
-    RestoreBitmap();
-    TDC::RestoreObjects();
 }
 
 }  // namespace owl

@@ -24,7 +24,6 @@ public:
     void SelectObject(const TBitmap& bitmap);
     /// Lets go of the bitmap, which can then be selected elsewhere. Nothing happens if there is none.
     void RestoreBitmap();
-    void RestoreObjects() override;
 
 private:
     HGDIOBJ m_originalBitmap = nullptr;

@@ -43,8 +43,10 @@ TRect BoundsOf(const TSize& picture, const TPictureTransform& transform) {
                  Ceiling(bottom + transform.dy));
 }
 
+/// The pixel that a place lies on, or the nearest one. Of numbers not below 0 the conversion takes the whole
+/// part.
 int Pixel(double place, int count) {
-    return static_cast<int>(std::clamp(std::floor(place), 0.0, count - 1.0));
+    return static_cast<int>(std::clamp(place, 0.0, count - 0.5));
 }
 
 }  // namespace

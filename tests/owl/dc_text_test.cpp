@@ -19,8 +19,14 @@ using owl_test::Surface;
 /// A surface with a font of 20 units.
 class DcText : public testing::Test {
 protected:
-    DcText() { surface.dc.SelectObject(m_font); }
+    DcText() {
+        surface.dc.SelectObject(m_font);
+        surface.dc.GetTextMetrics(m_metrics);
+    }
     ~DcText() override { surface.dc.RestoreObjects(); }
+
+    /// The height of a line, of about 20 units: the system gives the nearest font that it has.
+    int Line() const { return m_metrics.tmHeight; }
 
     /// The rectangle of what is not white.
     TRect Ink() const {
@@ -43,6 +49,7 @@ private:
     }
 
     TFont m_font{Description()};
+    TEXTMETRIC m_metrics{};
 
 protected:
     Surface surface{200, 60};
@@ -50,10 +57,11 @@ protected:
 
 TEST_F(DcText, is_drawn_where_it_should_be_and_as_wide_as_measured) {
     const TSize size = surface.dc.GetTextExtent("HHH");
-    EXPECT_EQ(20, size.cy);
+    EXPECT_NEAR(20, Line(), 2);
+    EXPECT_EQ(Line(), size.cy);
     EXPECT_TRUE(surface.dc.TextOut(50, 30, "HHH"));
     const TRect ink = Ink();
-    EXPECT_TRUE(TRect(50, 30, 50 + size.cx, 50).Contains(ink)) << ink.left << " " << ink.right;
+    EXPECT_TRUE(TRect(50, 30, 50 + size.cx, 30 + Line()).Contains(ink)) << ink.left << " " << ink.right;
     EXPECT_GT(ink.Width(), size.cx / 2);
     EXPECT_GT(ink.Height(), 9);
 }
@@ -105,15 +113,15 @@ TEST_F(DcText, that_is_wide_draws_as_narrow_text_does) {
 
 TEST_F(DcText, in_a_rectangle_is_measured_without_being_drawn) {
     TRect rect(0, 0, 5, 5);
-    EXPECT_EQ(20, surface.dc.DrawText("abc", rect, DT_CALCRECT | DT_SINGLELINE));
-    EXPECT_EQ(TRect(0, 0, surface.dc.GetTextExtent("abc").cx, 20), rect);
+    EXPECT_EQ(Line(), surface.dc.DrawText("abc", rect, DT_CALCRECT | DT_SINGLELINE));
+    EXPECT_EQ(TRect(0, 0, surface.dc.GetTextExtent("abc").cx, Line()), rect);
     EXPECT_TRUE(Ink().IsNull());
 }
 
 TEST_F(DcText, in_a_rectangle_is_broken_between_words) {
     TRect rect(0, 0, surface.dc.GetTextExtent("abcd").cx, 5);
-    EXPECT_EQ(40, surface.dc.DrawText("abc def", -1, rect, DT_CALCRECT | DT_WORDBREAK));
-    EXPECT_EQ(40, rect.bottom);
+    EXPECT_EQ(2 * Line(), surface.dc.DrawText("abc def", -1, rect, DT_CALCRECT | DT_WORDBREAK));
+    EXPECT_EQ(2 * Line(), rect.bottom);
 }
 
 TEST_F(DcText, in_a_rectangle_is_placed_by_the_format) {
@@ -130,7 +138,7 @@ TEST_F(DcText, in_a_rectangle_is_placed_by_the_format) {
 TEST_F(DcText, tells_the_metrics_and_the_face_of_its_font) {
     TEXTMETRIC metrics{};
     EXPECT_TRUE(surface.dc.GetTextMetrics(metrics));
-    EXPECT_EQ(20, metrics.tmHeight);
+    EXPECT_EQ(Line(), metrics.tmHeight);
     EXPECT_EQ(metrics.tmHeight, metrics.tmAscent + metrics.tmDescent);
     EXPECT_FALSE(surface.dc.GetTextFace().empty());
 }

@@ -45,9 +45,28 @@ TEST(MemoryDc, restores_its_first_bitmap_after_many_others) {
     dc.RestoreBitmap();
     EXPECT_EQ(first, ::GetCurrentObject(dc, OBJ_BITMAP));
     dc.RestoreBitmap();
-    dc.SelectObject(one);
-    dc.RestoreObjects();
     EXPECT_EQ(first, ::GetCurrentObject(dc, OBJ_BITMAP));
+}
+
+// A painter that was handed the context and restored its tools took the bitmap away, and the rest was drawn
+// nowhere.
+TEST(MemoryDc, keeps_its_bitmap_when_the_tools_are_restored) {
+    const TBitmap bitmap(MakeSection(2, 2), owl::AutoDelete);
+    TMemoryDC dc;
+    dc.SelectObject(bitmap);
+    dc.RestoreObjects();
+    EXPECT_EQ(bitmap.GetHandle(), ::GetCurrentObject(dc, OBJ_BITMAP));
+}
+
+TEST(MemoryDc, lets_go_of_its_bitmap_at_its_end) {
+    const TBitmap bitmap(MakeSection(2, 2), owl::AutoDelete);
+    {
+        TMemoryDC dc;
+        dc.SelectObject(bitmap);
+    }
+    TMemoryDC other;
+    other.SelectObject(bitmap);
+    EXPECT_EQ(bitmap.GetHandle(), ::GetCurrentObject(other, OBJ_BITMAP));
 }
 
 TEST(MemoryDc, restored_leaves_its_bitmap_to_another) {
