@@ -5,9 +5,9 @@
 #include <vector>
 
 #include "owl/clipboard.h"
-#include "owl/dc.h"
 #include "owl/dib.h"
 #include "owl/last_error.h"
+#include "owl/memory_dc.h"
 #include "owl/palette.h"
 #include "owl/window_dc.h"
 
@@ -39,11 +39,9 @@ HBITMAP CopySection(HBITMAP source, const DIBSECTION& section) {
     } info{};
     info.header = section.dsBmih;
     if (info.header.biBitCount <= 8) {
-        const HDC dc = Require<TXGdi>("CreateCompatibleDC", [] { return ::CreateCompatibleDC(nullptr); });
-        const HGDIOBJ before = ::SelectObject(dc, source);
+        TMemoryDC dc;
+        dc.SelectObject(TBitmap(source));
         ::GetDIBColorTable(dc, 0, 256, info.colours.data());
-        ::SelectObject(dc, before);
-        ::DeleteDC(dc);
     } else if (info.header.biCompression == BI_BITFIELDS) {
         std::memcpy(info.colours.data(), section.dsBitfields, sizeof section.dsBitfields);
     }

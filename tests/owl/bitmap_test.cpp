@@ -168,6 +168,16 @@ TEST(Bitmap, copied_can_be_selected_while_the_other_is) {
     EXPECT_EQ(TColor::White, PixelOf(copy, 2, 2));
 }
 
+// The copy came out without its colours.
+TEST(Bitmap, copied_from_a_section_with_colours_that_is_selected_throws) {
+    const TBitmap section(MakeSection(5, 4, 8), owl::AutoDelete);
+    TMemoryDC dc;
+    dc.SelectObject(section);
+    EXPECT_THROW(TBitmap{section}, owl::TXGdi);
+    dc.RestoreBitmap();
+    EXPECT_EQ(8, TBitmap(section).BitsPixel());
+}
+
 TEST(Bitmap, is_made_of_a_picture) {
     owl::TDib dib(2, 2, 24);
     dib.SetPixel(0, 0, TColor::LtRed);

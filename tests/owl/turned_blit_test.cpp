@@ -140,6 +140,37 @@ TEST(TurnedBlit, lies_at_every_angle_where_it_should) {
     }
 }
 
+// Here whatever the platform can: elsewhere its own drawing may stand in for the turned strips.
+TEST(TurnedBlit, in_strips_lies_where_it_should) {
+    Surface surface(80, 80);
+    SetTransform(surface.dc, Turn(0.6, 40, 40));
+    EXPECT_TRUE(owl::StretchTurnedDIBits(surface.dc, TRect(-20, -20, 20, 20), TRect(0, 0, 2, 2),
+                                         Quarters().Bits(), Quarters().Info(), DIB_RGB_COLORS, SRCCOPY));
+    ExpectQuarters(surface, 0.6);
+}
+
+/// Whether the platform's own drawing shows the middles of the quarters where they should be.
+bool PlatformShowsQuarters(double angle) {
+    Surface surface(80, 80);
+    SetTransform(surface.dc, Turn(angle, 40, 40));
+    ::StretchDIBits(surface.dc, -20, -20, 40, 40, 0, 0, 2, 2, Quarters().Bits(), Quarters().Info(),
+                    DIB_RGB_COLORS, SRCCOPY);
+    for (const int x : {-10, 10}) {
+        for (const int y : {-10, 10}) {
+            const double turnedX = x * std::cos(angle) - y * std::sin(angle);
+            const double turnedY = x * std::sin(angle) + y * std::cos(angle);
+            const COLORREF found = surface.At(static_cast<int>(40 + turnedX), static_cast<int>(40 + turnedY));
+            if (Surface::Letter(found) != Expected(turnedX, turnedY, angle, false))
+                return false;
+        }
+    }
+    return true;
+}
+
+TEST(TurnedBlit, what_the_probe_found_is_what_the_platform_does) {
+    EXPECT_EQ(PlatformShowsQuarters(0.6) && PlatformShowsQuarters(pi / 2), owl::PlatformTurnsPictures());
+}
+
 TEST(TurnedBlit, is_mirrored_where_one_rectangle_is_not_normal) {
     const struct {
         TRect dest, src;
