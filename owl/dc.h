@@ -11,7 +11,7 @@
 // What makes and selects throws TXGdi with the system's reason. What draws, measures or sets a mode returns
 // what the system's call of that name returns: false, 0 or CLR_INVALID when it failed, and nothing was drawn.
 // Coordinates are logical ones; a TRect stands without its right and lower edge. For the thread that draws.
-// Windows only.
+// Windows only, with the system's narrow calls: a host does not define UNICODE.
 #pragma once
 
 #include <windows.h>

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <string>
@@ -136,6 +137,31 @@ TEST(TurnedPicture, copies_the_pixels_of_a_run) {
     turned.CopyRun(pixels, 4, 1, turned.RunOf(1), row);
     EXPECT_EQ(5u, row[0]);
     EXPECT_EQ(2u, row[1]);
+}
+
+TEST(TurnedPicture, copies_of_long_runs_the_pixel_that_is_seen_at_each_place) {
+    constexpr int width = 300;
+    constexpr int height = 200;
+    std::vector<std::uint32_t> pixels(width * height);
+    for (std::size_t i = 0; i < pixels.size(); ++i)
+        pixels[i] = static_cast<std::uint32_t>(i);
+    for (const double angle : {0.0, 0.3, 1.0, pi / 2, 2.0, pi, 4.5}) {
+        const TTurnedPicture turned(TSize(width, height), Turned(angle, 0.3, -0.7));
+        int longest = 0;
+        for (int y = turned.Bounds().top; y < turned.Bounds().bottom; ++y) {
+            const TTurnedPicture::TRun run = turned.RunOf(y);
+            std::vector<std::uint32_t> row(static_cast<std::size_t>(run.end - run.begin));
+            turned.CopyRun(pixels.data(), width, y, run, row.data());
+            for (int x = run.begin; x < run.end; ++x) {
+                const TPoint source = turned.SourceOf(x, y);
+                ASSERT_EQ(static_cast<std::uint32_t>(source.y * width + source.x),
+                          row[static_cast<std::size_t>(x - run.begin)])
+                    << angle << " at " << x << "," << y;
+            }
+            longest = std::max(longest, run.end - run.begin);
+        }
+        EXPECT_GT(longest, 190);
+    }
 }
 
 TEST(TurnedPicture, covers_nothing_without_pixels_or_when_it_becomes_a_line) {
