@@ -1,0 +1,204 @@
+#include "owl/frame_window.h"
+
+#include <algorithm>
+
+#include "owl/application.h"
+#include "owl/command_enabler.h"
+#include "owl/menu_enabler.h"
+#include "owl/window_table.h"
+
+namespace owl {
+
+namespace {
+
+constexpr const char* class_name = "OwlFrame";
+
+}  // namespace
+
+DEFINE_RESPONSE_TABLE1(TFrameWindow, TWindow)
+    EV_WM_ACTIVATE, EV_WM_INITMENUPOPUP, EV_WM_SETFOCUS, EV_WM_SIZE,
+END_RESPONSE_TABLE;
+
+TFrameWindow::TFrameWindow() = default;
+
+TFrameWindow::TFrameWindow(TWindow* parent, const char* title, TWindow* client, bool shrinkToClient,
+                           TModule* module) {
+    Init(parent, title, client, shrinkToClient, module);
+}
+
+TFrameWindow::~TFrameWindow() = default;
+
+void TFrameWindow::Init(TWindow* parent, const char* title, TWindow* client, bool shrinkToClient,
+                        TModule* module) {
+    TWindow::Init(parent, title, module);
+    EnableAutoCreate(false);
+    Attr.Style = WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
+    Attr.X = Attr.W = CW_USEDEFAULT;
+    m_shrinkToClient = shrinkToClient;
+    SetClientWindow(client);
+}
+
+const char* TFrameWindow::GetClassName() {
+    return class_name;
+}
+
+void TFrameWindow::GetWindowClass(WNDCLASSA& windowClass) {
+    TWindow::GetWindowClass(windowClass);
+    windowClass.hIcon = ::LoadIconA(nullptr, reinterpret_cast<const char*>(IDI_APPLICATION));
+    if (m_client != nullptr)
+        windowClass.hbrBackground = nullptr;
+}
+
+// A client that somebody deletes takes itself out of the children.
+TWindow* TFrameWindow::GetClientWindow() const {
+    const std::vector<TWindow*>& children = GetChildren();
+    const bool present = std::find(children.begin(), children.end(), m_client) != children.end();
+    return present ? m_client : nullptr;
+}
+
+TWindow* TFrameWindow::SetClientWindow(TWindow* client) {
+    TWindow* const former = GetClientWindow();
+    if (former == client)
+        return nullptr;
+    if (former != nullptr)
+        former->SetParent(nullptr);
+    m_client = client;
+    if (client != nullptr) {
+        client->SetParent(this);
+        client->EnableAutoCreate();
+        if (IsWindow())
+            client->Create();
+    }
+    FitClient();
+    return former;
+}
+
+void TFrameWindow::SetupWindow() {
+    TWindow::SetupWindow();
+    if (m_icon != nullptr)
+        SendMessage(WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(m_icon));
+    if (m_shrinkToClient)
+        ShrinkToClient();
+    FitClient();
+}
+
+void TFrameWindow::ShrinkToClient() {
+    const TWindow* const client = GetClientWindow();
+    if (client == nullptr)
+        return;
+    RECT rect{0, 0, client->Attr.W, client->Attr.H};
+    ::AdjustWindowRectEx(&rect, GetStyle(), ::GetMenu(GetHandle()) != nullptr, GetExStyle());
+    SetWindowPos(nullptr, 0, 0, rect.right - rect.left, rect.bottom - rect.top,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void TFrameWindow::FitClient() {
+    TWindow* const client = GetClientWindow();
+    if (client != nullptr && client->IsWindow() && IsWindow())
+        client->MoveWindow(GetClientRect());
+}
+
+bool TFrameWindow::AssignMenu(TResId menu) {
+    Attr.Menu = menu;
+    if (!IsWindow())
+        return true;
+    const HMENU loaded = GetModule() != nullptr ? GetModule()->LoadMenu(menu) : nullptr;
+    if (loaded == nullptr)
+        return false;
+    const HMENU former = GetMenu();
+    SetMenu(loaded);
+    if (former != nullptr)
+        ::DestroyMenu(former);
+    return true;
+}
+
+bool TFrameWindow::SetIcon(TModule* module, TResId icon) {
+    const HICON loaded = module != nullptr ? module->LoadIcon(icon) : ::LoadIconA(nullptr, icon);
+    if (loaded == nullptr)
+        return false;
+    m_icon = loaded;
+    if (IsWindow())
+        SendMessage(WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(m_icon));
+    return true;
+}
+
+// Offers to the objects from the one with the focus up to below the frame; true as soon as `body` is.
+template <class Body>
+bool TFrameWindow::OfferToTargets(const Body& body) {
+    HWND target = ::GetFocus();
+    if (!IsChild(target))
+        target = GetClientWindow() != nullptr ? GetClientWindow()->GetHandle() : nullptr;
+    for (; target != nullptr && target != GetHandle(); target = ::GetParent(target)) {
+        TWindow* const window = FindWindowObject(target);
+        if (window != nullptr && body(*window))
+            return true;
+    }
+    return false;
+}
+
+LRESULT TFrameWindow::EvCommand(UINT id, HWND control, UINT notifyCode) {
+    if (control != nullptr)
+        return TWindow::EvCommand(id, control, notifyCode);
+    LRESULT answer = 0;
+    const bool taken = OfferToTargets([&](TWindow& window) {
+        TEventInfo info(WM_COMMAND, id);
+        if (!window.Find(info))
+            return false;
+        answer = window.EvCommand(id, control, notifyCode);
+        return true;
+    });
+    if (taken)
+        return answer;
+    TEventInfo own(WM_COMMAND, id);
+    TEventInfo last(WM_COMMAND, id);
+    if (!Find(own) && GetApplication() != nullptr && GetApplication()->Find(last))
+        return last.Dispatch({WM_COMMAND, id, 0, id, notifyCode});
+    return TWindow::EvCommand(id, control, notifyCode);
+}
+
+// Who has a function for the command decides for the whole frame whether it is enabled.
+void TFrameWindow::EvCommandEnable(TCommandEnabler& enabler) {
+    bool known = false;
+    const auto answer = [&](TEventHandler& handler) {
+        TEventInfo info(WM_COMMAND_ENABLE, enabler.GetId());
+        TEventInfo command(WM_COMMAND, enabler.GetId());
+        if (handler.Find(info))
+            info.Dispatch({WM_COMMAND_ENABLE, 0, reinterpret_cast<LPARAM>(&enabler), enabler.GetId(), 0});
+        else if (handler.Find(command))
+            enabler.Enable(true);
+        else
+            return false;
+        return known = true;
+    };
+    OfferToTargets(answer) || answer(*this) || (GetApplication() != nullptr && answer(*GetApplication()));
+    if (!known && !enabler.GetHandled() && enabler.IsReceiver(GetHandle()))
+        enabler.Enable(false);
+}
+
+void TFrameWindow::EvInitMenuPopup(HMENU menu, UINT position, bool systemMenu) {
+    TWindow::EvInitMenuPopup(menu, position, systemMenu);
+    if (!systemMenu)
+        EnableMenuItems(*this, menu);
+}
+
+void TFrameWindow::EvActivate(UINT active, bool minimised, HWND other) {
+    if (active == WA_INACTIVE && IsChild(::GetFocus()))
+        m_focus = ::GetFocus();
+    TWindow::EvActivate(active, minimised, other);
+}
+
+void TFrameWindow::EvSetFocus(HWND lost) {
+    TWindow::EvSetFocus(lost);
+    if (m_focus != nullptr && IsChild(m_focus))
+        ::SetFocus(m_focus);
+    else if (GetClientWindow() != nullptr)
+        GetClientWindow()->SetFocus();
+}
+
+void TFrameWindow::EvSize(UINT how, const TSize& size) {
+    TWindow::EvSize(how, size);
+    if (how != SIZE_MINIMIZED)
+        FitClient();
+}
+
+}  // namespace owl

@@ -1,0 +1,60 @@
+// owl/frame_window.h
+//
+// A top-level window with a caption and perhaps a menu, an icon, accelerators and a client window that fills
+// its client area. It brings commands to the window that has the focus first, then to itself, then to the
+// application, and enables the items of a menu when it opens.
+#pragma once
+
+#include "owl/window.h"
+
+namespace owl {
+
+class OWL_EXPORT TFrameWindow : virtual public TWindow {
+public:
+    /// `client` becomes a child of the frame and belongs to it; null is none. With `shrinkToClient` the frame
+    /// takes the size that the client's Attr.W and H ask for. The frame is not created with its parent.
+    explicit TFrameWindow(TWindow* parent, const char* title = nullptr, TWindow* client = nullptr,
+                          bool shrinkToClient = false, TModule* module = nullptr);
+    ~TFrameWindow() override;
+
+    /// Null if there is none, or if it is no child any more.
+    TWindow* GetClientWindow() const;
+    /// Puts another client in place of the present one, which is returned and is then nobody's child.
+    TWindow* SetClientWindow(TWindow* client);
+    /// Uses the menu resource `menu`, at once if the window exists. False if there is no such menu.
+    bool AssignMenu(TResId menu);
+    /// Uses the icon `icon` of `module`; a null module is the system's. False if there is no such icon.
+    bool SetIcon(TModule* module, TResId icon);
+
+    LRESULT EvCommand(UINT id, HWND control, UINT notifyCode) override;
+    void EvCommandEnable(TCommandEnabler& enabler) override;
+    void SetupWindow() override;
+
+    /// Enables, checks and names the items of a menu that opens.
+    void EvInitMenuPopup(HMENU menu, UINT position, bool systemMenu);
+    /// Hands the focus to who had it when the frame was active last, else to the client.
+    void EvSetFocus(HWND lost);
+    void EvActivate(UINT active, bool minimised, HWND other);
+    void EvSize(UINT how, const TSize& size);
+
+protected:
+    TFrameWindow();
+    void Init(TWindow* parent, const char* title, TWindow* client, bool shrinkToClient, TModule* module);
+    const char* GetClassName() override;
+    void GetWindowClass(WNDCLASSA& windowClass) override;
+
+private:
+    template <class Body>
+    bool OfferToTargets(const Body& body);
+    void FitClient();
+    void ShrinkToClient();
+
+    TWindow* m_client = nullptr;
+    bool m_shrinkToClient = false;
+    HWND m_focus = nullptr;
+    HICON m_icon = nullptr;
+
+    DECLARE_RESPONSE_TABLE(TFrameWindow);
+};
+
+}  // namespace owl

@@ -1,0 +1,271 @@
+#include "owl/turned_blit.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <utility>
+#include <vector>
+
+#include "owl/true_color_section.h"
+#include "owl/turned_picture.h"
+
+namespace owl {
+namespace {
+
+/// Of a strip that is drawn at once.
+constexpr int mostPixels = 1 << 20;
+
+/// From the logical units of `dc` to its device's, in full precision: through the world, then through the
+/// page.
+TPictureTransform LogicalToDevice(HDC dc) {
+    XFORM world = {1, 0, 0, 1, 0, 0};
+    TPoint windowOrigin, viewportOrigin;
+    TSize window(1, 1), viewport(1, 1);
+    ::GetWorldTransform(dc, &world);
+    ::GetWindowOrgEx(dc, &windowOrigin);
+    ::GetWindowExtEx(dc, &window);
+    ::GetViewportOrgEx(dc, &viewportOrigin);
+    ::GetViewportExtEx(dc, &viewport);
+    const double scaleX = static_cast<double>(viewport.cx) / window.cx;
+    const double scaleY = static_cast<double>(viewport.cy) / window.cy;
+    TPictureTransform result;
+    result.m11 = world.eM11 * scaleX;
+    result.m12 = world.eM12 * scaleY;
+    result.m21 = world.eM21 * scaleX;
+    result.m22 = world.eM22 * scaleY;
+    result.dx = (static_cast<double>(world.eDx) - windowOrigin.x) * scaleX + viewportOrigin.x;
+    result.dy = (static_cast<double>(world.eDy) - windowOrigin.y) * scaleY + viewportOrigin.y;
+    return result;
+}
+
+/// From the pixels of a picture that fills `dest` to the device. `dest` need not be normal.
+TPictureTransform PictureToDevice(HDC dc, const TSize& picture, const TRect& dest) {
+    const TPictureTransform t = LogicalToDevice(dc);
+    const double scaleX = static_cast<double>(dest.Width()) / picture.cx;
+    const double scaleY = static_cast<double>(dest.Height()) / picture.cy;
+    TPictureTransform result;
+    result.m11 = t.m11 * scaleX;
+    result.m12 = t.m12 * scaleX;
+    result.m21 = t.m21 * scaleY;
+    result.m22 = t.m22 * scaleY;
+    result.dx = dest.left * t.m11 + dest.top * t.m21 + t.dx;
+    result.dy = dest.left * t.m12 + dest.top * t.m22 + t.dy;
+    return result;
+}
+
+/// Makes the device's units the logical ones, as long as it lives. The clip region stays.
+class DeviceUnits {
+public:
+    explicit DeviceUnits(HDC dc) : m_dc(dc), m_saved(::SaveDC(dc)) {
+        ::ModifyWorldTransform(dc, nullptr, MWT_IDENTITY);
+        ::SetMapMode(dc, MM_TEXT);
+        ::SetWindowOrgEx(dc, 0, 0, nullptr);
+        ::SetViewportOrgEx(dc, 0, 0, nullptr);
+    }
+    ~DeviceUnits() { ::RestoreDC(m_dc, m_saved); }
+    DeviceUnits(const DeviceUnits&) = delete;
+    DeviceUnits& operator=(const DeviceUnits&) = delete;
+    bool IsGood() const { return m_saved != 0; }
+
+private:
+    HDC m_dc;
+    int m_saved;
+};
+
+/// What of the device can be seen, in its own units.
+TRect VisiblePart(HDC dc) {
+    TRect box;
+    if (::GetClipBox(dc, &box) != ERROR)
+        return box;
+    return TRect(0, 0, ::GetDeviceCaps(dc, HORZRES), ::GetDeviceCaps(dc, VERTRES));
+}
+
+/// Some rows of the turned picture.
+class Strip {
+public:
+    Strip(const TrueColorSection& picture, const TTurnedPicture& turned, const TRect& rect)
+        : m_rect(rect),
+          m_pixels(static_cast<std::size_t>(rect.Width()) * static_cast<std::size_t>(rect.Height())) {
+        const std::uint32_t* const pixels = picture.Pixels();
+        for (int y = rect.top; y < rect.bottom; ++y)
+            FillRow(pixels, picture.Size().cx, turned, y);
+    }
+
+    bool DrawOn(HDC dc, unsigned long rop) const {
+        if (m_covered.empty())
+            return true;
+        const int saved = ::SaveDC(dc);
+        const bool clipped = saved && ClipToCovered(dc);
+        const BITMAPINFO info = TrueColorInfo(m_rect.Width(), m_rect.Height());
+        const bool drawn = clipped && ::StretchDIBits(dc, m_rect.left, m_rect.top, m_rect.Width(),
+                                                      m_rect.Height(), 0, 0, m_rect.Width(), m_rect.Height(),
+                                                      m_pixels.data(), &info, DIB_RGB_COLORS, rop) != 0;
+        ::RestoreDC(dc, saved);
+        return drawn;
+    }
+
+private:
+    void FillRow(const std::uint32_t* pixels, std::ptrdiff_t stride, const TTurnedPicture& turned, int y) {
+        const TTurnedPicture::TRun run = turned.RunOf(y);
+        const int begin = std::max<int>(run.begin, m_rect.left);
+        const int end = std::min<int>(run.end, m_rect.right);
+        if (begin >= end)
+            return;
+        m_covered.push_back(TRect(begin, y, end, y + 1));
+        std::uint32_t* const row =
+            m_pixels.data() + static_cast<std::ptrdiff_t>(y - m_rect.top) * m_rect.Width();
+        turned.CopyRun(pixels, stride, y, {begin, end}, row + (begin - m_rect.left));
+    }
+
+    bool ClipToCovered(HDC dc) const {
+        const std::size_t bytes = m_covered.size() * sizeof(RECT);
+        std::vector<char> data(sizeof(RGNDATAHEADER) + bytes);
+        RGNDATAHEADER header{};
+        header.dwSize = sizeof header;
+        header.iType = RDH_RECTANGLES;
+        header.nCount = static_cast<DWORD>(m_covered.size());
+        header.nRgnSize = static_cast<DWORD>(bytes);
+        header.rcBound = m_rect;
+        std::memcpy(data.data(), &header, sizeof header);
+        std::memcpy(data.data() + sizeof header, m_covered.data(), bytes);
+        const HRGN region = ::ExtCreateRegion(nullptr, static_cast<DWORD>(data.size()),
+                                              reinterpret_cast<const RGNDATA*>(data.data()));
+        const bool clipped = region && ::ExtSelectClipRgn(dc, region, RGN_AND) != ERROR;
+        ::DeleteObject(region);
+        return clipped;
+    }
+
+    TRect m_rect;
+    std::vector<std::uint32_t> m_pixels;
+    std::vector<TRect> m_covered;
+};
+
+bool DrawInStrips(HDC dc, const TrueColorSection& picture, const TTurnedPicture& turned, const TRect& visible,
+                  unsigned long rop) {
+    if (visible.IsEmpty())
+        return true;
+    const int rows = std::max(1, mostPixels / visible.Width());
+    for (int top = visible.top; top < visible.bottom; top += rows) {
+        const TRect rect(visible.left, top, visible.right, std::min<int>(top + rows, visible.bottom));
+        if (!Strip(picture, turned, rect).DrawOn(dc, rop))
+            return false;
+    }
+    return true;
+}
+
+/// Draws the whole of `picture` to fill `dest`.
+bool Draw(HDC dc, const TrueColorSection& picture, const TRect& dest, unsigned long rop) {
+    const TTurnedPicture turned(picture.Size(), PictureToDevice(dc, picture.Size(), dest));
+    const DeviceUnits units(dc);
+    return units.IsGood() && DrawInStrips(dc, picture, turned, turned.Bounds() & VisiblePart(dc), rop);
+}
+
+/// `dest` with those sides exchanged that are exchanged in `src`.
+TRect MirroredAlike(const TRect& dest, const TRect& src) {
+    TRect result = dest;
+    if (src.Width() < 0)
+        std::swap(result.left, result.right);
+    if (src.Height() < 0)
+        std::swap(result.top, result.bottom);
+    return result;
+}
+
+TRect WholePicture(const BITMAPINFO& info) {
+    if (info.bmiHeader.biSize == sizeof(BITMAPCOREHEADER)) {
+        const auto& core = reinterpret_cast<const BITMAPCOREHEADER&>(info);
+        return TRect(0, 0, core.bcWidth, core.bcHeight);
+    }
+    const LONG height = info.bmiHeader.biHeight;
+    return TRect(0, 0, info.bmiHeader.biWidth, height < 0 ? detail::Difference(0, height) : height);
+}
+
+bool Refuse() {
+    ::SetLastError(ERROR_INVALID_PARAMETER);
+    return false;
+}
+
+constexpr COLORREF quarters[4] = {RGB(255, 0, 0), RGB(0, 255, 0), RGB(0, 0, 255), RGB(255, 255, 0)};
+
+/// A picture of 8 by 8 pixels whose quarters have four colours, the upper row first.
+std::vector<std::uint32_t> ProbePicture() {
+    std::vector<std::uint32_t> pixels;
+    for (int i = 0; i < 64; ++i) {
+        const COLORREF color = quarters[(i / 32) * 2 + (i % 8) / 4];
+        pixels.push_back(RGB(GetBValue(color), GetGValue(color), GetRValue(color)));
+    }
+    return pixels;
+}
+
+/// Whether a picture that is turned by an angle about the middle of a surface of 64 pixels lies where it
+/// should.
+bool TurnsBy(double angle) {
+    const TrueColorSection surface(64, 64);
+    if (!surface.IsGood())
+        return false;
+    const auto cosine = static_cast<float>(std::cos(angle));
+    const auto sine = static_cast<float>(std::sin(angle));
+    const XFORM transform = {cosine, sine, -sine, cosine, 32, 32};
+    const BITMAPINFO info = TrueColorInfo(8, 8);
+    const std::vector<std::uint32_t> picture = ProbePicture();
+    ::SetGraphicsMode(surface.GetHDC(), GM_ADVANCED);
+    ::SetWorldTransform(surface.GetHDC(), &transform);
+    ::StretchDIBits(surface.GetHDC(), -16, -16, 32, 32, 0, 0, 8, 8, picture.data(), &info, DIB_RGB_COLORS,
+                    SRCCOPY);
+    ::ModifyWorldTransform(surface.GetHDC(), nullptr, MWT_IDENTITY);
+    bool right = ::GetPixel(surface.GetHDC(), 32, 58) == 0;
+    for (int quarter = 0; quarter < 4; ++quarter) {
+        const double x = quarter % 2 ? 8 : -8;
+        const double y = quarter / 2 ? 8 : -8;
+        const COLORREF found =
+            ::GetPixel(surface.GetHDC(), static_cast<int>(32 + x * std::cos(angle) - y * std::sin(angle)),
+                       static_cast<int>(32 + x * std::sin(angle) + y * std::cos(angle)));
+        right = right && found == quarters[quarter];
+    }
+    return right;
+}
+
+}  // namespace
+
+bool PlatformTurnsPictures() {
+    static const bool turns = TurnsBy(0.5) && TurnsBy(2 * std::atan(1.0));
+    return turns;
+}
+
+bool NeedsTurnedPictures(HDC dc) {
+    XFORM world;
+    if (::GetGraphicsMode(dc) != GM_ADVANCED || !::GetWorldTransform(dc, &world))
+        return false;
+    return (world.eM12 != 0 || world.eM21 != 0) && !PlatformTurnsPictures();
+}
+
+bool StretchTurnedDIBits(HDC dc, const TRect& dest, const TRect& src, const void* bits,
+                         const BITMAPINFO* info, unsigned int usage, unsigned long rop) {
+    if (!bits || !info || !WholePicture(*info).Contains(src.Normalized()))
+        return Refuse();
+    const TRect part = src.Normalized();
+    const TrueColorSection picture(part.Width(), part.Height());
+    if (!picture.IsGood())
+        return Refuse();
+    if (usage == DIB_PAL_COLORS)
+        ::SelectPalette(picture.GetHDC(), static_cast<HPALETTE>(::GetCurrentObject(dc, OBJ_PAL)), TRUE);
+    ::StretchDIBits(picture.GetHDC(), 0, 0, part.Width(), part.Height(), part.left, part.top, part.Width(),
+                    part.Height(), bits, info, usage, SRCCOPY);
+    return Draw(dc, picture, MirroredAlike(dest, src), rop);
+}
+
+bool StretchTurned(HDC dc, const TRect& dest, HDC source, const TRect& from, unsigned long rop) {
+    const TRect part = from.Normalized();
+    const TrueColorSection picture(part.Width(), part.Height());
+    if (!picture.IsGood())
+        return Refuse();
+    // The colours of a monochrome source are those of the context that is drawn on.
+    ::SetTextColor(picture.GetHDC(), ::GetTextColor(dc));
+    ::SetBkColor(picture.GetHDC(), ::GetBkColor(dc));
+    if (!::BitBlt(picture.GetHDC(), 0, 0, part.Width(), part.Height(), source, part.left, part.top, SRCCOPY))
+        return false;
+    return Draw(dc, picture, MirroredAlike(dest, from), rop);
+}
+
+}  // namespace owl
