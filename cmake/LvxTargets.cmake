@@ -38,14 +38,6 @@ function(lvx_name_shared_library target)
   endif()
 endfunction()
 
-# Names a shared library as its system does, owl.dll or libowl.so.0; installed beside each other, ours find each other.
-function(lvx_name_shared_library target)
-  set_target_properties(${target} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION 0 PREFIX "" IMPORT_PREFIX "lib")
-  if(NOT WIN32)
-    set_target_properties(${target} PROPERTIES PREFIX "lib" INSTALL_RPATH "$ORIGIN")
-  endif()
-endfunction()
-
 # Puts the compiler's runtime modules beside the programs: every module of a process shares one runtime.
 function(lvx_copy_runtime_modules)
   if(NOT WIN32)
