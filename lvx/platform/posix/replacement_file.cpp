@@ -78,9 +78,8 @@ bool ReplacementFile::Replace(std::string_view bytes) {
         renameat(m_directory, m_own_name.c_str(), m_directory, m_name.c_str()) != 0) {
         return false;
     }
+    // The directory is not waited for: a power failure may bring the old file back, but whole.
     m_own_name.clear();
-    // So that the new name survives a power failure. The file is replaced in any case.
-    fsync(m_directory);
     return true;
 }
 
