@@ -20,12 +20,12 @@
 class LVX_EXPORT LVXAtom {
 public:
     /// Wraps an atom that exists, or 0 for none. Nothing is added or counted.
-    explicit LVXAtom(unsigned short atom);
+    LVXAtom(unsigned short atom);
 
     /// Adds `name`, up to its first NUL, to the table, or a reference to it if it is there in any letter
     /// case. A name of 1 to 255 characters; the atom is 0 for others, and when the table is full. "#" and a
     /// number below 49152 is that number and takes no room. Throws nothing.
-    explicit LVXAtom(const std::string& name);
+    LVXAtom(const std::string& name);
 
     LVXAtom(const LVXAtom&) = delete;
     LVXAtom& operator=(const LVXAtom&) = delete;

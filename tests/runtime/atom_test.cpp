@@ -2,15 +2,17 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
 #include <type_traits>
+#include <utility>
 
 #include "lvx/platform/atoms.h"
 
 namespace {
 
 static_assert(!std::is_copy_constructible_v<LVXAtom> && !std::is_copy_assignable_v<LVXAtom>);
-static_assert(!std::is_convertible_v<unsigned short, LVXAtom> &&
-              !std::is_convertible_v<std::string, LVXAtom>);
+static_assert(std::is_convertible_v<unsigned short, LVXAtom> && std::is_convertible_v<int, LVXAtom> &&
+              std::is_convertible_v<std::string, LVXAtom> && !std::is_convertible_v<const char*, LVXAtom>);
 
 unsigned short number_of(const LVXAtom& atom) {
     return static_cast<unsigned short>(static_cast<unsigned int>(atom));
@@ -80,6 +82,20 @@ TEST(Atom, without_an_atom_there_is_nothing_to_give_up_and_no_name) {
     EXPECT_EQ(0u, static_cast<unsigned int>(atom));
     EXPECT_EQ(nullptr, text_of(atom));
     EXPECT_FALSE(!atom);
+}
+
+TEST(Atom, is_made_from_a_number_or_a_text_where_one_is_asked_for) {
+    const auto number_and_name = [](LVXAtom atom) {
+        return std::pair(number_of(atom), std::string(text_of(atom)));
+    };
+    const std::string name = "lvx atom converted";
+    const auto [number, text] = number_and_name(name);
+    EXPECT_EQ(name, text);
+    EXPECT_EQ(std::pair(number, name), number_and_name(number));
+    LVXAtom given_up = number;
+    !given_up;
+    EXPECT_FALSE(is_alive(number));
+    EXPECT_EQ(5, number_of(5));
 }
 
 TEST(Atom, delivers_its_name_once) {
