@@ -174,10 +174,6 @@ public:
     /// a negative `length` nothing is, and the answer is 0.
     int isnum(char* text, int length);
 
-protected:
-    /// For derived classes: the table in use, or null.
-    LVXTokens* table() const { return m_tokens; }
-
 private:
     class LVX_HIDDEN Scanner;
 

@@ -148,23 +148,6 @@ TEST(TokenStream, without_a_table_again_it_makes_a_default_one) {
     EXPECT_EQ((Token{1, "1"}), stream.Next());
 }
 
-TEST(TokenStream, its_own_table_can_be_replaced_by_itself) {
-    struct Host : LVXTokenStream {
-        using LVXTokenStream::LVXTokenStream;
-        void UseAgain() { useTokens(table()); }
-        bool HasTable() const { return table() != nullptr; }
-    };
-    char text[] = "a b";
-    Host stream(text, 3);
-    EXPECT_FALSE(stream.HasTable());
-    stream.reset();
-    EXPECT_TRUE(stream.HasTable());
-    stream.UseAgain();
-    std::string token;
-    EXPECT_EQ(4, stream.getToken(token));
-    EXPECT_EQ("a", token);
-}
-
 TEST(TokenStream, the_kind_alone_comes_through_a_derived_class) {
     struct Upper : LVXTokenStream {
         using LVXTokenStream::getToken;
