@@ -97,12 +97,12 @@ public:
 private:
     friend class LVXTokenStream;
 
-    void Mark(int first, int last, bool can_begin = true);
-    void MarkKinds();
-    void MarkEntries();
-    bool IsSingle(char character) const;
-    int TokenOf(std::string_view text) const;
-    int KeyOf(std::string_view text) const;
+    LVX_HIDDEN void Mark(int first, int last, bool can_begin = true);
+    LVX_HIDDEN void MarkKinds();
+    LVX_HIDDEN void MarkEntries();
+    LVX_HIDDEN bool IsSingle(char character) const;
+    LVX_HIDDEN int TokenOf(std::string_view text) const;
+    LVX_HIDDEN int KeyOf(std::string_view text) const;
 
     std::map<std::string, int, std::less<>> m_keywords;
     int m_flags = 0;
@@ -177,8 +177,8 @@ public:
 private:
     class LVX_HIDDEN Scanner;
 
-    int RefuseReading();
-    int EndReading();
+    LVX_HIDDEN int RefuseReading();
+    LVX_HIDDEN int EndReading();
 
     LVXTokens* m_tokens = nullptr;
     int m_owned = 0;
