@@ -148,6 +148,15 @@ TEST(TokenStream, without_a_table_again_it_makes_a_default_one) {
     EXPECT_EQ((Token{1, "1"}), stream.Next());
 }
 
+TEST(TokenStream, tokens_come_from_its_text_whatever_buffer_is_put_behind_it) {
+    TextStream stream("ab 1");
+    std::stringbuf other("xy");
+    stream->rdbuf(&other);
+    EXPECT_EQ((Token{4, "ab"}), stream.Next());
+    EXPECT_EQ('x', stream->get());
+    EXPECT_EQ((Token{11, " "}), stream.Next());
+}
+
 TEST(TokenStream, the_kind_alone_comes_through_a_derived_class) {
     struct Upper : LVXTokenStream {
         using LVXTokenStream::getToken;
