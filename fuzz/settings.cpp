@@ -60,15 +60,37 @@ void check_reading(std::string_view text, const SlowProfile& slow, const Request
     require(!value || *value == *expected, "both readers find the same value");
 }
 
-void check_bytes(ProfileEncoding encoding, std::string_view text) {
+bool begins_with_mark(std::string_view text) {
+    return text.starts_with("\xEF\xBB\xBF") || text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF");
+}
+
+bool is_ascii(std::string_view text) {
+    return std::all_of(text.begin(), text.end(),
+                       [](char character) { return static_cast<unsigned char>(character) < 0x80; });
+}
+
+bool is_ascii(const Request& request) {
+    return is_ascii(request.section) && is_ascii(request.key) && is_ascii(request.value);
+}
+
+// Whether a file of that encoding can hold `text`, a file's text with the request written into it.
+bool check_bytes(ProfileEncoding encoding, std::string_view text, const Request& request) {
     const std::string bytes = profile_bytes(encoding, text);
     const ProfileText again(bytes);
-    // A text without a mark may begin with one.
-    if (encoding == ProfileEncoding::Bytes) {
-        return;
+    const bool is_kept = again.Encoding() == encoding && again.Text() == text;
+    switch (encoding) {
+        case ProfileEncoding::Bytes:
+            require(is_kept != begins_with_mark(text), "bytes stay unless they begin with a mark");
+            break;
+        case ProfileEncoding::Utf8:
+            require(is_kept, "UTF-8 keeps all bytes");
+            break;
+        default:
+            require(again.Encoding() == encoding, "the encoding stays");
+            require(is_kept || !is_ascii(request), "UTF-16 keeps what was in it, and ASCII");
+            require(profile_bytes(encoding, again.Text()) == bytes, "bytes come back from their text");
     }
-    require(again.Encoding() == encoding, "the encoding stays");
-    require(profile_bytes(encoding, again.Text()) == bytes, "bytes come back from their text");
+    return is_kept;
 }
 
 // What the text becomes.
@@ -122,6 +144,8 @@ void check_file(std::string_view bytes, const SlowProfile& slow, const Request& 
     const bool is_changed = text != nullptr && *text != ProfileText(bytes).Text();
     require(file.Content() == (is_changed ? profile_bytes(encoding, *text) : std::string(bytes)),
             "a file has the bytes of its text");
+    const std::string content = file.Content();
+    require(text == nullptr || ProfileText(content).Text() == *text, "what was written is in the file");
 }
 
 }  // namespace
@@ -137,8 +161,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const ProfileText text(bytes);
     const SlowProfile slow(text.Text());
     check_reading(text.Text(), slow, request);
-    const auto after = check_writing(text.Text(), request);
-    check_bytes(text.Encoding(), after ? std::string_view(*after) : text.Text());
+    require(check_bytes(text.Encoding(), text.Text(), {}), "a file can hold its own text");
+    auto after = check_writing(text.Text(), request);
+    if (after && !check_bytes(text.Encoding(), *after, request)) {
+        after.reset();
+    }
     if ((options & 1) != 0) {
         check_file(bytes, slow, request, after, text.Encoding(), options >> 1);
     }

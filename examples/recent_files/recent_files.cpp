@@ -1,9 +1,9 @@
 // A menu with the files that were used last, printed as text.
 //
-// usage: recent_files NAME FOLDER FILE...     uses each FILE in turn and shows the menu. NAME names the
-// settings;
-//                                             FOLDER is where they lie, on systems that have no place of
-//                                             their own
+// usage: recent_files NAME FOLDER FILE...
+//
+// Uses each FILE in turn and shows the menu. NAME names the settings; FOLDER is where they lie, on systems
+// that have no place of their own for them.
 #include <iostream>
 #include <memory>
 #include <string>

@@ -1,8 +1,9 @@
 // A program that finds its window where the user left it.
 //
-// usage: window_place NAME [FOLDER]     NAME names the settings, as a program's name would. FOLDER is where
-// they
-//                                       lie, on systems that have no place of their own for them
+// usage: window_place NAME [FOLDER]
+//
+// NAME names the settings, as a program's name would. FOLDER is where they lie, on systems that have no place
+// of their own for them.
 #include <iostream>
 #include <string>
 

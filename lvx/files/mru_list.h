@@ -33,8 +33,10 @@ public:
     ~LVXMRUList();
 
     /// Finds the window's menu unless there is one already. False if the window is null or has none.
-    /// Without a menu the list changes in memory alone, and nothing reaches the settings file. Puts no items
-    /// into the menu; a list that got files before needs Update() instead, which does both.
+    /// Without a menu the list changes in memory alone, and nothing reaches the settings file.
+    /// Requires: the list is empty, or has its menu. Puts no items into the menu, and later changes take out
+    /// as many as there are files: those of the host, if the list's are not there. A list that got files
+    /// before needs Update() instead, which does both.
     bool Create();
 
     /// Gives the list a menu, or another one: the items go from the old one, and enter the new. With null the
@@ -46,8 +48,9 @@ public:
     bool Update();
 
     /// Loads the names in the settings file behind those in the list, as newer ones, the file's number 1 as
-    /// the newest of all, and rebuilds the menu and the file. Reads the keys 6 to 0; empty ones leave no gap.
-    /// Of more than six names in all, those that would come later are dropped.
+    /// the newest of all, and rebuilds the menu and the file. Reads the keys 6 to 0; empty ones leave no gap
+    /// in the list. Of more than six names in all, those that would come later are dropped. A key above the
+    /// number of files, or 0, that someone wrote by hand stays, and is read again next time.
     void readFromINI();
 
     /// Makes `file` the newest. If it is listed, byte for byte, it moves there; if six others are, the oldest

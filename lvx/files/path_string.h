@@ -89,8 +89,7 @@ public:
     LVXPathString& addName(const std::string& name);
 
     /// Replaces the suffix and its dot, or adds both; an empty `newSuffix` takes them away. ".profile"
-    /// becomes
-    /// ".profile.bmp".
+    /// becomes ".profile.bmp".
     void suffix(const std::string& newSuffix);
 
     /// Composes a path of this one's parts and others and assigns it to `result`. For each part, KeepPart
@@ -133,7 +132,8 @@ public:
     /// Whether there is anything of this name.
     bool exists() const;
 
-    /// Whether this is a regular file. False for what holds a '*', without asking.
+    /// Whether this is a regular file. False for what holds a '*', without asking. A '?' stands for no
+    /// character but itself: the system is asked, and Windows has no such names.
     bool isFile() const;
 
     /// Whether this is a directory, with or without one `\` at its end. False for what holds a '*', without

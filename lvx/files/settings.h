@@ -21,12 +21,13 @@ class LVX_EXPORT Settings {
 public:
     /// Finds the file for `name`, which may be just the program's. If there is a file of the whole name with
     /// ".INI" behind it in the folder of the running program, it is that one. Otherwise it is `name` with its
-    /// suffix replaced by "INI", looked for by the system in its profile directory (see
-    /// lvx/platform/profile_directory.h). So "Tool.cfg" is "Tool.cfg.INI" beside the program, or else
-    /// "Tool.INI". A file that appears beside the program later is not seen. `flag` means nothing.
+    /// suffix replaced by "INI". So "Tool.cfg" is "Tool.cfg.INI" beside the program, or else "Tool.INI". The
+    /// system looks for a bare name in its profile directory (see lvx/platform/profile_directory.h), and for
+    /// one with a directory where it says, from the current directory of each call on if it is relative. A
+    /// file that appears beside the program later is not seen. `flag` means nothing.
     Settings(const std::string& name, bool flag);
 
-    /// The name with its suffix "INI" and no directory, whichever file it is.
+    /// The name as given, with its suffix replaced by "INI", whichever file it is. Nothing is added in front.
     const LVXPathString& GetSimpleName() const { return simpleName; }
 
     /// The value as a number, whatever text stands behind its digits, 0 if it begins with none. Unsigned

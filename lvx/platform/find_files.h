@@ -31,8 +31,7 @@ struct FindBlock {
 /// `*` stands for any characters, `?` for one; in a directory they stand for themselves. A name without a dot
 /// fits as if it had one at its end, too, for which a `?` does not stand: "*.*" fits all names, and "a.*"
 /// fits "a". Where the case of letters in names counts, it counts here. What is odder than that is the
-/// system's affair. Directories bring "." and
-/// "..", if the system lists them. The order is the system's.
+/// system's affair. Directories bring "." and "..", if the system lists them. The order is the system's.
 int findfirst(const char* pattern, FindBlock& block, int attributes);
 
 /// Finds the next name. 0, or -1 at the end; `block.name` is then as it was.

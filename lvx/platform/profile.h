@@ -33,8 +33,9 @@ DWORD GetPrivateProfileStringA(const char* section, const char* key, const char*
                                DWORD size, const char* file);
 
 /// Sets the value of `key`, making file, section and key as needed. 0 if it could not be done: the file is
-/// then as it was. Names and values that would not be read back as such, such as those with a line end in
-/// them, cannot be written.
+/// then as it was. Names and values that would not be read back as such cannot be written: those with a line
+/// end in them, those that are no UTF-8 in a file of UTF-16, and a first key that looks like a byte-order
+/// mark.
 BOOL WritePrivateProfileStringA(const char* section, const char* key, const char* value, const char* file);
 
 #endif

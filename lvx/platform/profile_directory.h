@@ -16,7 +16,9 @@ namespace lvx {
 LVX_EXPORT std::string profile_directory();
 
 /// Puts the profile directory elsewhere for this process; empty means the usual one again. The first write
-/// makes it. On Windows it does nothing: the directory is the system's affair there.
-LVX_EXPORT void set_profile_directory(const std::string& directory);
+/// makes it. A relative one counts from the current directory of now, and does not move with that.
+/// False, and all stays as it was, if `directory` holds a NUL, or is relative while the current directory is
+/// gone. On Windows always: the directory is the system's affair there.
+LVX_EXPORT bool set_profile_directory(const std::string& directory);
 
 }  // namespace lvx

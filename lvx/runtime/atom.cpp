@@ -54,11 +54,9 @@ LVXAtom::operator const char*() {
     return m_text;
 }
 
-bool LVXAtom::operator!() {
-    if (m_atom == 0) {
-        return false;
+void LVXAtom::operator!() {
+    if (m_atom != 0) {
+        GlobalDeleteAtom(m_atom);
+        m_atom = 0;
     }
-    GlobalDeleteAtom(m_atom);
-    m_atom = 0;
-    return true;
 }

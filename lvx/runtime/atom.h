@@ -20,12 +20,12 @@
 class LVX_EXPORT LVXAtom {
 public:
     /// Wraps an atom that exists, or 0 for none. Nothing is added or counted.
-    explicit LVXAtom(unsigned short atom);
+    LVXAtom(unsigned short atom);
 
     /// Adds `name`, up to its first NUL, to the table, or a reference to it if it is there in any letter
     /// case. A name of 1 to 255 characters; the atom is 0 for others, and when the table is full. "#" and a
     /// number below 49152 is that number and takes no room. Throws nothing.
-    explicit LVXAtom(const std::string& name);
+    LVXAtom(const std::string& name);
 
     LVXAtom(const LVXAtom&) = delete;
     LVXAtom& operator=(const LVXAtom&) = delete;
@@ -35,15 +35,19 @@ public:
 
     /// The atom; 0 for none.
     operator unsigned int() const { return m_atom; }
+    /// The same. With it `if (atom)` and `atom != 0` ask for the atom of an object that is not constant too,
+    /// instead of spending the one delivery of its name on the question.
+    operator unsigned int() { return m_atom; }
 
     /// The name, which lives as long as the object; empty if the table does not know the atom. Delivered
     /// once: null at every later conversion, and when the atom is 0. Callers convert once and keep the
     /// pointer.
     operator const char*();
 
-    /// Takes one reference away from the atom in the table, and is 0 from here on. Whether there was an atom;
-    /// a second call does nothing. The text, once it was fetched, stays.
-    bool operator!();
+    /// Takes one reference away from the atom in the table, and is 0 from here on; a second call does
+    /// nothing. The text, once it was fetched, stays. Returns nothing, so that `if (!atom)`, which would give
+    /// up what it seems to ask for, does not compile: ask `atom == 0`.
+    void operator!();
 
 private:
     unsigned short m_atom;

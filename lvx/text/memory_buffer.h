@@ -48,6 +48,10 @@ protected:
         return seekoff(off_type(position), std::ios_base::beg, which);
     }
 
+    // There is no pbackfail: another character than the one that was read is refused, as the stream's badbit
+    // tells. Putting it back would write into the text, which may be read-only, and which a caller does not
+    // hand over as a scratch pad.
+
     /// Nothing comes behind the end.
     std::streamsize showmanyc() override { return -1; }
 };

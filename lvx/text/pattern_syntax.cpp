@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "lvx/text/character_class.h"
+
 namespace lvx::text {
 namespace {
 
@@ -16,10 +18,6 @@ struct Repetition {
 
 // What may stand where a repetition may.
 enum class Found { Nothing, Repetition, Foreign };
-
-bool is_digit(char byte) {
-    return byte >= '0' && byte <= '9';
-}
 
 // "0" or a number without a zero in front, up to the most that is allowed.
 std::optional<unsigned int> parse_number(std::string_view& rest) {
@@ -39,7 +37,7 @@ std::optional<unsigned int> parse_number(std::string_view& rest) {
 // doubtful, TRegexp decides.
 Found parse_braces(std::string_view& rest, Repetition& repetition) {
     std::string_view inside = rest.substr(1);
-    if (inside.empty() || !is_digit(inside[0])) {
+    if (inside.empty() || !is_of(inside[0], is_digit)) {
         return Found::Nothing;
     }
     const std::optional<unsigned int> least = parse_number(inside);

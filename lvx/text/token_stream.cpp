@@ -28,13 +28,11 @@ void LVXTokenStream::reset() {
 }
 
 void LVXTokenStream::useTokens(LVXTokens* tokens) {
-    if (tokens != m_tokens) {
-        if (m_owned != 0) {
-            delete m_tokens;
-        }
-        m_tokens = tokens;
-        m_owned = 0;
+    if (m_owned != 0) {
+        delete m_tokens;
     }
+    m_tokens = tokens;
+    m_owned = 0;
     if (tokens != nullptr) {
         tokens->useTokens();
     }

@@ -71,7 +71,10 @@ public:
     bool add(int first, int second, ...);
     /// Adds a keyword, a word or a run of punctuation, with its number. False if `key` is one of the six
     /// kinds. A keyword that is there already keeps its number, which is no error. One with the number 0 is
-    /// never told from none, and one of more than 49 characters, or with blanks, is never met.
+    /// never told from none.
+    ///
+    /// Met are, each of at most 49 characters: one blank or control character, a word, a run of punctuation;
+    /// a word that is a number only with numbers off. Others never are.
     bool add(int key, const std::string& text);
     /// The same; a null `text` is refused with false.
     bool add(int key, const char* text);
@@ -97,12 +100,12 @@ public:
 private:
     friend class LVXTokenStream;
 
-    void Mark(int first, int last, bool can_begin = true);
-    void MarkKinds();
-    void MarkEntries();
-    bool IsSingle(char character) const;
-    int TokenOf(std::string_view text) const;
-    int KeyOf(std::string_view text) const;
+    LVX_HIDDEN void Mark(int first, int last, bool can_begin = true);
+    LVX_HIDDEN void MarkKinds();
+    LVX_HIDDEN void MarkEntries();
+    LVX_HIDDEN bool IsSingle(char character) const;
+    LVX_HIDDEN int TokenOf(std::string_view text) const;
+    LVX_HIDDEN int KeyOf(std::string_view text) const;
 
     std::map<std::string, int, std::less<>> m_keywords;
     int m_flags = 0;
@@ -119,7 +122,8 @@ private:
 ///
 /// It is a standard input stream, and get, peek, putback, seekg, `>>` and the rest read on where the last
 /// token ended, as the next getToken goes on where they stopped. Nothing is written into the text, so that
-/// only the character that was read can be put back.
+/// only the character that was read can be put back: with another, badbit is set. Does not: follow
+/// rdbuf(other); tokens go on coming from the text that it was made with.
 ///
 /// State: a token leaves the stream good, also the last one of the text. The end of the input sets eofbit and
 /// failbit, and as with any stream nothing more is read until that is cleared, by clear() or
@@ -174,15 +178,11 @@ public:
     /// a negative `length` nothing is, and the answer is 0.
     int isnum(char* text, int length);
 
-protected:
-    /// For derived classes: the table in use, or null.
-    LVXTokens* table() const { return m_tokens; }
-
 private:
     class LVX_HIDDEN Scanner;
 
-    int RefuseReading();
-    int EndReading();
+    LVX_HIDDEN int RefuseReading();
+    LVX_HIDDEN int EndReading();
 
     LVXTokens* m_tokens = nullptr;
     int m_owned = 0;

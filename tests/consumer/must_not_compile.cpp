@@ -27,5 +27,9 @@ void mistakes() {
     Lexer copy(lexer);  // two owners of each pattern
 #elif CASE == 8
     throw lvx::runtime_error("by value, not by literal", 1);
+#elif CASE == 9
+    LVXAtom atom(std::string("topic"));
+    if (!atom) {  // gives the atom up, and asks nothing
+    }
 #endif
 }

@@ -30,7 +30,9 @@ public:
 
     void DeleteMenu(int position, unsigned int flags) override {
         Record("delete " + std::to_string(position) + " " + Hex(flags));
-        m_items.erase(m_items.begin() + position);
+        if (position < static_cast<int>(m_items.size())) {
+            m_items.erase(m_items.begin() + position);
+        }
     }
 
 private:
@@ -67,10 +69,21 @@ protected:
         return m_settings.GetStr("MRU", std::to_string(number), std::string("-"));
     }
 
-    Lines Files() {
+    Lines Files() { return FilesOf(m_list); }
+
+    /// What the next run of the program has behind loading. It has a menu of its own.
+    Lines LoadedByANewList() {
+        Lines items;
+        LVXMRUList list(nullptr, 5000, 0, m_settings);
+        list.setMenu(std::make_unique<RecordingMenu>(items, m_record, m_profile));
+        list.readFromINI();
+        return FilesOf(list);
+    }
+
+    static Lines FilesOf(LVXMRUList& list) {
         Lines files;
-        for (int number = 1; !m_list.getFile(number).empty(); ++number) {
-            files.push_back(m_list.getFile(number));
+        for (int number = 1; !list.getFile(number).empty(); ++number) {
+            files.push_back(list.getFile(number));
         }
         return files;
     }
@@ -286,6 +299,27 @@ TEST_F(RecentFilesMenu, loading_fills_the_menu_and_closes_gaps_in_the_file) {
     EXPECT_EQ("e", Stored(5));
 }
 
+// The keys that the loaded list does not use are nobody's, so they are there again next time.
+TEST_F(RecentFilesMenu, a_key_above_a_gap_stays_and_is_read_again) {
+    m_profile.SetContent("[MRU]\r\n2=b\r\n5=e\r\n");
+    EXPECT_EQ((Lines{"b", "e"}), LoadedByANewList());
+    EXPECT_EQ("[MRU]\r\n2=e\r\n5=e\r\n1=b\r\n", m_profile.Content());
+    EXPECT_EQ((Lines{"b", "e", "e"}), LoadedByANewList());
+    EXPECT_EQ("[MRU]\r\n2=e\r\n5=e\r\n1=b\r\n3=e\r\n", m_profile.Content());
+    EXPECT_EQ((Lines{"b", "e", "e", "e"}), LoadedByANewList());
+    EXPECT_EQ((Lines{"b", "e", "e", "e", "e"}), LoadedByANewList());
+    // 5 is in use now, so nothing is left over.
+    EXPECT_EQ((Lines{"b", "e", "e", "e", "e"}), LoadedByANewList());
+}
+
+TEST_F(RecentFilesMenu, the_key_0_stays_and_is_read_again) {
+    m_profile.SetContent("[MRU]\r\n0=z\r\n1=a\r\n");
+    EXPECT_EQ((Lines{"z", "a"}), LoadedByANewList());
+    EXPECT_EQ("[MRU]\r\n0=z\r\n1=z\r\n2=a\r\n", m_profile.Content());
+    EXPECT_EQ((Lines{"z", "z", "a"}), LoadedByANewList());
+    EXPECT_EQ("z", Stored(0));
+}
+
 TEST_F(RecentFilesMenu, loading_into_a_filled_list_empties_the_keys_of_its_files_first) {
     Add({"a", "b"});
     m_settings.WriteStr("MRU", "4", "x");
@@ -300,13 +334,24 @@ TEST_F(RecentFilesMenu, an_entry_added_by_its_own_name_in_the_list_survives_the_
     EXPECT_EQ((Lines{"a", "f", "e", "d", "c", "b"}), Files());
 }
 
-TEST_F(RecentFilesMenu, removing_entries_twice_would_take_others_so_the_steps_are_paired) {
+TEST_F(RecentFilesMenu, entries_are_taken_out_and_put_in_while_the_list_keeps_its_files) {
     Add({"a", "b"});
     m_list.removeEntries();
     EXPECT_EQ((Lines{"Open", "Save", "Exit"}), m_items);
     EXPECT_EQ((Lines{"b", "a"}), Files());
     m_list.addEntries();
     EXPECT_EQ((Lines{"Open", "Save", "&1 b", "&2 a", "----", "Exit"}), m_items);
+}
+
+// What the steps require matters: they count, and do not look.
+TEST_F(RecentFilesMenu, removing_entries_twice_takes_as_many_items_of_the_host) {
+    m_items = {"Open", "Save", "Print", "Send", "Close", "Exit"};
+    Add({"a", "b"});
+    m_list.removeEntries();
+    m_list.removeEntries();
+    EXPECT_EQ((Lines{"Open", "Save", "Exit"}), m_items);
+    m_list.removeEntries();
+    EXPECT_EQ((Lines{"Open", "Save"}), m_items) << "and what is not there is not taken";
 }
 
 TEST_F(RecentFiles, a_menu_that_comes_later_gets_the_files) {

@@ -98,6 +98,16 @@ TEST_F(PathQuestions, a_star_is_neither_file_nor_directory) {
     EXPECT_EQ("", answers(m_folder.File("*\\")));
 }
 
+// It is the system's affair: no other file is found by it.
+TEST_F(PathQuestions, a_question_mark_does_not_stand_for_a_character) {
+    m_folder.AddFile("f1.txt");
+    m_folder.AddFolder("s1");
+    EXPECT_EQ("", answers(m_folder.File("f?.txt")));
+    EXPECT_EQ("", answers(m_folder.File("?.txt")));
+    EXPECT_EQ("", answers(m_folder.File("s?")));
+    EXPECT_EQ("", answers(m_folder.File("s?\\")));
+}
+
 TEST_F(PathQuestions, a_nul_names_nothing) {
     const std::string path = m_folder.File("f.txt") + '\0';
     EXPECT_EQ("", answers(path));

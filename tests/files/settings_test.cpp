@@ -10,6 +10,7 @@
 #include "files/profile_folder.h"
 #include "platform/program_folder.h"
 #include "platform/system.h"
+#include "support/drive_folder.h"
 
 namespace {
 
@@ -41,6 +42,22 @@ private:
     std::filesystem::path m_path;
 };
 
+class FolderBesideProgram {
+public:
+    explicit FolderBesideProgram(const std::string& name) : m_path(lvx_test::program_folder() / name) {
+        std::filesystem::create_directory(m_path);
+    }
+    FolderBesideProgram(const FolderBesideProgram&) = delete;
+    FolderBesideProgram& operator=(const FolderBesideProgram&) = delete;
+    ~FolderBesideProgram() {
+        std::error_code error;
+        std::filesystem::remove(m_path, error);
+    }
+
+private:
+    std::filesystem::path m_path;
+};
+
 // Numbers as 1.234.567.
 class Grouping : public std::numpunct<char> {
 protected:
@@ -66,6 +83,8 @@ TEST(SettingsName, a_suffix_is_replaced_in_the_simple_name) {
     EXPECT_EQ("Tool.INI", Settings("Tool", true).GetSimpleName());
     EXPECT_EQ("a.b.INI", Settings("a.b.c", false).GetSimpleName());
     EXPECT_EQ(".INI", Settings("", false).GetSimpleName());
+    EXPECT_EQ("d\\Tool.INI", Settings("d\\Tool.cfg", false).GetSimpleName());
+    EXPECT_EQ("C:\\d.e\\Tool.INI", Settings("C:\\d.e\\Tool", false).GetSimpleName());
 }
 
 TEST_F(SettingsFile, without_a_file_beside_the_program_it_is_in_the_profile_directory) {
@@ -102,6 +121,23 @@ TEST_F(SettingsFile, which_file_it_is_is_decided_once) {
     m_profile.SetContent("[s]\r\nk=profile\r\n");
     const FileBesideProgram beside(m_profile.Name() + ".INI", "[s]\r\nk=beside\r\n");
     EXPECT_EQ("profile", m_settings.GetStr("s", "k", ""));
+}
+
+TEST_F(SettingsFile, a_relative_name_with_a_directory_counts_from_the_current_directory) {
+    const lvx_test::TempFolder folder;
+    const lvx_test::KeptDirectory kept;
+    std::filesystem::create_directory(folder.File(m_profile.Name()));
+    std::filesystem::current_path(folder.Path());
+    Settings settings(m_profile.Name() + "\\Tool.cfg", false);
+    settings.WriteStr("s", "k", "v");
+    EXPECT_EQ("[s]\r\nk=v\r\n", lvx_test::read_file(folder.File(m_profile.Name() + "/Tool.INI")));
+    EXPECT_EQ("v", settings.GetStr("s", "k", ""));
+}
+
+TEST_F(SettingsFile, a_name_with_a_directory_is_looked_for_below_the_folder_of_the_program_first) {
+    const FolderBesideProgram folder(m_profile.Name());
+    const FileBesideProgram beside(m_profile.Name() + "/Tool.cfg.INI", "[s]\r\nk=beside\r\n");
+    EXPECT_EQ("beside", Settings(m_profile.Name() + "\\Tool.cfg", false).GetStr("s", "k", ""));
 }
 
 TEST_F(SettingsFile, a_missing_text_is_the_default) {

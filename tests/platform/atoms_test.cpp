@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <random>
 #include <string>
 
 #include "support/threads.h"
@@ -13,9 +14,8 @@ namespace {
 // A name that no other program has added meanwhile: where the table is the system's, this process is not
 // alone.
 std::string own_name(const std::string& end) {
-    static const int address = 0;
-    return "lvx " + std::to_string(reinterpret_cast<std::uintptr_t>(&address)) + " " +
-           std::to_string(std::chrono::steady_clock::now().time_since_epoch().count()) + " " + end;
+    static const std::string process = std::to_string(std::random_device{}());
+    return "lvx " + process + " " + end;
 }
 
 // Takes its reference away at the end of the test.

@@ -2,10 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
+#include <filesystem>
+#include <string>
 
 #include "lvx/files/path_string.h"
 #include "platform/system.h"
+#include "support/bytes.h"
+#include "support/drive_folder.h"
 #include "support/temp_folder.h"
 #include "support/threads.h"
 
@@ -31,18 +34,30 @@ TEST(Drives, what_cannot_be_mapped_changes_nothing) {
     EXPECT_FALSE(lvx::unmap_drive('1'));
 }
 
+// The answer was once put together from the drive of one moment and its folder of another.
 TEST(Drives, a_path_that_another_thread_asks_about_goes_by_the_old_drives_or_by_the_new_ones) {
-    const lvx_test::TempFolder folder;
-    lvx_test::Threads asking(2, [] {
-        for (int i = 0; i < 100; ++i) {
-            const bool found = LVXPathString("R:\\.").isDirectory();
-            EXPECT_FALSE(found && lvx_test::on_windows);
+    const lvx_test::TempFolder here;
+    const lvx_test::TempFolder elsewhere;
+    const lvx_test::KeptDirectory kept;
+    const std::string name = std::filesystem::path(here.Path()).filename().string();
+    lvx_test::write_file(here.File(name), "");
+    std::filesystem::create_directory(elsewhere.File(name));
+    std::filesystem::current_path(here.Path());
+    // A file while the current drive is R:, for then its root is this folder, and nothing while it is
+    // another. The directory is below R: only while that is not the current drive.
+    const LVXPathString path("\\" + name);
+    lvx_test::Threads asking(2, [&] {
+        for (int i = 0; i < 3000; ++i) {
+            EXPECT_FALSE(path.isDirectory());
         }
     });
-    for (int i = 0; i < 100; ++i) {
-        EXPECT_EQ(!lvx_test::on_windows, lvx::map_drive('R', folder.Path()));
-        EXPECT_EQ(!lvx_test::on_windows, lvx::unmap_drive('R'));
+    while (asking.Through() < 2) {
+        lvx::map_drive('R', here.Path());
+        lvx::map_drive('R', elsewhere.Path());
     }
     asking.Join();
-    EXPECT_FALSE(LVXPathString("R:\\.").isDirectory());
+    EXPECT_FALSE(path.exists());
+    EXPECT_EQ(!lvx_test::on_windows, lvx::map_drive('R', here.Path()));
+    EXPECT_EQ(!lvx_test::on_windows, path.isFile());
+    EXPECT_EQ(!lvx_test::on_windows, lvx::unmap_drive('R'));
 }

@@ -14,9 +14,9 @@ using lvx_test::by_system;
 
 TEST(ProfileDirectory, a_host_may_set_it_where_the_system_has_none) {
     const std::string usual = lvx::profile_directory();
-    lvx::set_profile_directory("/somewhere/else");
+    EXPECT_EQ(!lvx_test::on_windows, lvx::set_profile_directory("/somewhere/else"));
     EXPECT_EQ(by_system(usual, std::string("/somewhere/else")), lvx::profile_directory());
-    lvx::set_profile_directory("");
+    EXPECT_EQ(!lvx_test::on_windows, lvx::set_profile_directory(""));
     EXPECT_EQ(usual, lvx::profile_directory());
 }
 

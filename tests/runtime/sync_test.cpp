@@ -9,6 +9,7 @@
 #include "support/threads.h"
 
 using lvx_test::long_time;
+using lvx_test::milliseconds_of;
 using lvx_test::on_another_thread;
 using lvx_test::sleep_for;
 using lvx_test::Threads;
@@ -18,6 +19,9 @@ namespace {
 constexpr const char* cannot_lock_object = "Failed to lock synchronization object.";
 constexpr const char* cannot_lock_mutex = "Failed to lock mutex.";
 constexpr const char* cannot_release = "Failed to release mutex.";
+
+// In milliseconds, of a wait of 20: clocks tick more coarsely than that on some systems.
+constexpr long shortest_wait = 10;
 
 class Event : public LVXEvent {
 public:
@@ -96,6 +100,20 @@ TEST(SyncObject, of_the_base_an_abandoned_mutex_throws_and_is_held) {
     EXPECT_FALSE(object.Unlock());
 }
 
+TEST(SyncObject, of_the_base_lock_waits_for_as_long_as_it_was_told) {
+    OwnObject object(CreateEventA(nullptr, 0, 0, nullptr));
+    std::atomic<bool> result{false};
+    Threads waiting(1, [&] { result = object.Lock(long_time); });
+    sleep_for(20);
+    EXPECT_EQ(0, waiting.Through());
+    ::SetEvent(object.GetHandle());
+    EXPECT_TRUE(waiting.ComeThrough(1));
+    EXPECT_TRUE(result);
+    EXPECT_LE(shortest_wait, milliseconds_of([&] {
+                  EXPECT_THROW_TEXT(object.Lock(20), LVXSyncObject::LockFailed, cannot_lock_object);
+              }));
+}
+
 TEST(Event, takes_its_state_first_and_its_way_to_reset_second) {
     LVXEvent set_once(true, false, nullptr, nullptr);
     EXPECT_TRUE(set_once.Lock(0));
@@ -107,9 +125,11 @@ TEST(Event, takes_its_state_first_and_its_way_to_reset_second) {
     EXPECT_TRUE(by_hand.Lock(0));
 }
 
-TEST(Event, a_time_out_throws_and_speaks_of_a_mutex) {
+TEST(Event, a_time_out_throws_after_its_time_and_speaks_of_a_mutex) {
     Event event;
-    EXPECT_THROW_TEXT(event.Lock(10), LVXEvent::LockFailed, cannot_lock_mutex);
+    EXPECT_LE(shortest_wait, milliseconds_of([&] {
+                  EXPECT_THROW_TEXT(event.Lock(20), LVXEvent::LockFailed, cannot_lock_mutex);
+              }));
     EXPECT_THROW_TEXT(event.Lock(0), lvx::runtime_error, cannot_lock_mutex);
 }
 
@@ -180,7 +200,11 @@ TEST(Mutex, a_free_one_is_locked_at_once_and_a_held_one_is_not) {
 
 TEST(Mutex, a_time_out_throws_after_its_time) {
     Mutex mutex(true);
-    on_another_thread([&] { EXPECT_THROW_TEXT(mutex.Lock(20), lvx::runtime_error, cannot_lock_mutex); });
+    on_another_thread([&] {
+        EXPECT_LE(shortest_wait, milliseconds_of([&] {
+                      EXPECT_THROW_TEXT(mutex.Lock(20), lvx::runtime_error, cannot_lock_mutex);
+                  }));
+    });
 }
 
 TEST(Mutex, may_begin_held) {

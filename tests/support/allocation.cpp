@@ -11,6 +11,7 @@ namespace {
 
 std::atomic<long> countdown{-1};
 std::atomic<bool> failed{false};
+std::atomic<bool> thrown{false};
 std::atomic<std::size_t> live{0};
 std::atomic<std::size_t> peak{0};
 
@@ -30,6 +31,7 @@ void* allocate(std::size_t size) noexcept {
 void* allocate_or_throw(std::size_t size) {
     void* const block = allocate(size);
     if (block == nullptr) {
+        thrown = true;
         throw std::bad_alloc();
     }
     return block;
@@ -79,6 +81,7 @@ namespace lvx_test {
 
 FailingAllocation::FailingAllocation(long index) {
     failed = false;
+    thrown = false;
     countdown = index;
 }
 
@@ -88,6 +91,10 @@ FailingAllocation::~FailingAllocation() {
 
 bool FailingAllocation::HasFailed() const {
     return failed;
+}
+
+bool FailingAllocation::HasThrown() const {
+    return thrown;
 }
 
 std::size_t live_bytes() {

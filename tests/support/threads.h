@@ -21,6 +21,15 @@ inline void sleep_for(int milliseconds) {
     std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
 }
 
+/// How long `action` takes, whole milliseconds.
+template <class Action>
+long milliseconds_of(Action action) {
+    const auto start = std::chrono::steady_clock::now();
+    action();
+    const auto time = std::chrono::steady_clock::now() - start;
+    return static_cast<long>(std::chrono::duration_cast<std::chrono::milliseconds>(time).count());
+}
+
 /// Waits until `is_true()`. False if that took too long.
 template <class Condition>
 bool comes_true(Condition is_true) {

@@ -17,7 +17,7 @@ using lvx_test::tokens_of;
 
 using Token = std::pair<int, std::string>;
 
-// A table with the kinds of a list that ends with 0.
+// A table with these kinds and characters.
 struct Kinds : LVXTokens {
     template <class... Entries>
     explicit Kinds(Entries... entries) {
@@ -38,6 +38,12 @@ TEST(TokenScanner, what_no_kind_wants_is_skipped) {
     EXPECT_EQ((TokenList{{4, "ab"}, {1, "12"}, {4, "c"}}), tokens_of(" ab\t12 +=\n c\xe4 ", tokens));
     Kinds none;
     EXPECT_EQ((TokenList{}), tokens_of("ab 12", none));
+}
+
+TEST(TokenScanner, a_list_of_kinds_leaves_blanks_to_separate) {
+    LVXTokens tokens;
+    EXPECT_TRUE(tokens.add(1, 4, 0));
+    EXPECT_EQ((TokenList{{4, "ab"}, {1, "12"}, {4, "c"}}), tokens_of(" ab\t12  c\n", tokens));
 }
 
 TEST(TokenScanner, each_white_space_character_is_a_token) {
@@ -98,6 +104,19 @@ TEST(TokenScanner, a_sign_is_seen_only_with_punctuation_on) {
     EXPECT_EQ((TokenList{{1, "5"}}), tokens_of("-5", integers));
     Kinds with_marks(1, 3);
     EXPECT_EQ((TokenList{{1, "-5"}}), tokens_of("-5", with_marks));
+}
+
+TEST(TokenScanner, a_sign_is_seen_where_an_entry_begins_with_it_and_the_number_comes_first) {
+    LVXTokens with_keyword;
+    with_keyword.add(1);
+    with_keyword.add(100, "->");
+    EXPECT_EQ((TokenList{{1, "-5"}}), tokens_of("-5", with_keyword));
+    EXPECT_EQ((TokenList{{100, "->"}, {1, "5"}, {1, "5"}}), tokens_of("->5+5-", with_keyword));
+    Kinds with_character(1, '-');
+    EXPECT_EQ((TokenList{{1, "-5"}, {'-', "-"}, {1, "-5"}}), tokens_of("-5--5", with_character));
+    LVXTokens without_numbers;
+    without_numbers.add('-', 4, 0);
+    EXPECT_EQ((TokenList{{'-', "-"}}), tokens_of("-5", without_numbers));
 }
 
 TEST(TokenScanner, a_sign_is_a_mark_when_no_number_is_on) {

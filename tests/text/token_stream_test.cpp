@@ -148,21 +148,13 @@ TEST(TokenStream, without_a_table_again_it_makes_a_default_one) {
     EXPECT_EQ((Token{1, "1"}), stream.Next());
 }
 
-TEST(TokenStream, its_own_table_can_be_replaced_by_itself) {
-    struct Host : LVXTokenStream {
-        using LVXTokenStream::LVXTokenStream;
-        void UseAgain() { useTokens(table()); }
-        bool HasTable() const { return table() != nullptr; }
-    };
-    char text[] = "a b";
-    Host stream(text, 3);
-    EXPECT_FALSE(stream.HasTable());
-    stream.reset();
-    EXPECT_TRUE(stream.HasTable());
-    stream.UseAgain();
-    std::string token;
-    EXPECT_EQ(4, stream.getToken(token));
-    EXPECT_EQ("a", token);
+TEST(TokenStream, tokens_come_from_its_text_whatever_buffer_is_put_behind_it) {
+    TextStream stream("ab 1");
+    std::stringbuf other("xy");
+    stream->rdbuf(&other);
+    EXPECT_EQ((Token{4, "ab"}), stream.Next());
+    EXPECT_EQ('x', stream->get());
+    EXPECT_EQ((Token{11, " "}), stream.Next());
 }
 
 TEST(TokenStream, the_kind_alone_comes_through_a_derived_class) {

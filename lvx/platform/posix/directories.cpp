@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 
+#include "lvx/platform/posix/drive_table.h"
 #include "lvx/platform/posix/native_path.h"
 
 namespace {
@@ -71,7 +72,7 @@ int _access(const char* path, int) {
 }
 
 char* _getcwd(char* buffer, int size) {
-    const auto place = lvx::platform::current_place();
+    const auto place = lvx::platform::current_place(DriveTable::Process().Now());
     if (!place || size <= 0) {
         return nullptr;
     }
@@ -81,15 +82,16 @@ char* _getcwd(char* buffer, int size) {
 
 int _chdir(const char* path) {
     const std::string_view text = text_or_empty(path);
-    const auto native = lvx::platform::native_path(text);
-    const auto before = lvx::platform::current_place();
-    const auto named = lvx::platform::named_place(text);
+    const lvx::platform::DriveSet drives = DriveTable::Process().Now();
+    const auto native = lvx::platform::native_path(text, drives);
+    const auto before = lvx::platform::current_place(drives);
+    const auto named = lvx::platform::named_place(text, drives);
     if (!native || chdir(native->c_str()) != 0) {
         return failure;
     }
     for (const auto& place : {before, named}) {
         if (place) {
-            DriveTable::Process().Remember(*place);
+            DriveTable::Process().Remember(*place, *drives.Root(place->letter));
         }
     }
     return 0;
@@ -114,10 +116,11 @@ int _getcurdir(int drive, char (&buffer)[longest_drive_directory]) {
         return failure;
     }
     const char letter = static_cast<char>('A' + drive - 1);
-    if (!DriveTable::Process().Root(letter)) {
+    const DriveSet drives = DriveTable::Process().Now();
+    if (!drives.Root(letter)) {
         return failure;
     }
-    const std::string directory = with_separators(current_directory_of(letter));
+    const std::string directory = with_separators(current_directory_of(letter, drives));
     return copy_whole(directory, buffer, sizeof buffer) ? 0 : failure;
 }
 

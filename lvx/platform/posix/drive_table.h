@@ -1,61 +1,35 @@
 // lvx/platform/posix/drive_table.h
 //
-// Which folder each drive letter stands for, and where in it the drive's current directory is. Text alone:
-// the file system is not asked. Any thread may use it.
+// The drives of the process. Any thread may use it: whoever has several questions asks them of one copy, so
+// that all the answers are of the same moment.
 #pragma once
 
-#include <array>
 #include <mutex>
-#include <optional>
 #include <string>
+
+#include "lvx/platform/posix/drive_set.h"
 
 namespace lvx::platform {
 
-/// A directory or file of a drive; the path is without drive and leading separator, and has '/'.
-struct DrivePlace {
-    char letter;
-    std::string path;
-
-    bool operator==(const DrivePlace&) const = default;
-};
-
 class DriveTable {
 public:
-    /// C: is the root of all; there are no others.
-    DriveTable();
-
     /// The table of the process.
     static DriveTable& Process();
 
-    /// Lets a letter stand for a folder, absolute and without '/' at its end unless it is the root. False if
-    /// it is not a letter.
+    /// The drives as they are now.
+    DriveSet Now() const;
+
+    /// See DriveSet.
     bool Map(char letter, const std::string& root);
-    /// False if the letter stood for nothing.
     bool Unmap(char letter);
 
-    /// The folder of a drive; nothing if the letter stands for none.
-    std::optional<std::string> Root(char letter) const;
-
-    /// Where an absolute path is: in the drive with the longest folder, and of several in the first. Nothing
-    /// if no drive leads there.
-    std::optional<DrivePlace> PlaceOf(const std::string& absolute) const;
-
-    /// The current directory of a drive, for the time when another one is the current drive.
-    void Remember(const DrivePlace& place);
-    /// What was remembered, or the root: an empty path.
-    std::string Remembered(char letter) const;
+    /// Sets the current directory of a drive, as it was found while the letter stood for `root`. Does nothing
+    /// if it stands for another folder by now.
+    void Remember(const DrivePlace& place, const std::string& root);
 
 private:
-    struct Drive {
-        std::string root;  // empty if the letter stands for nothing
-        std::string current;
-    };
-
     mutable std::mutex m_lock;
-    std::array<Drive, 26> m_drives;
+    DriveSet m_drives;
 };
-
-/// The letter as a capital; nothing if it is none.
-std::optional<char> drive_letter(char character);
 
 }  // namespace lvx::platform

@@ -3,17 +3,13 @@
 #include <sys/stat.h>
 
 #include <cstdlib>
-#include <memory>
 
+#include "lvx/platform/posix/allocated_text.h"
 #include "lvx/platform/posix/drive_table.h"
 
 namespace lvx {
 
 namespace {
-
-struct Free {
-    void operator()(char* text) const { std::free(text); }
-};
 
 bool is_directory(const char* path) {
     struct stat status;
@@ -26,7 +22,7 @@ bool map_drive(char letter, const std::string& folder) {
     if (folder.find('\0') != std::string::npos) {
         return false;
     }
-    const std::unique_ptr<char, Free> root(realpath(folder.c_str(), nullptr));
+    const platform::AllocatedText root(realpath(folder.c_str(), nullptr));
     return root && is_directory(root.get()) && platform::DriveTable::Process().Map(letter, root.get());
 }
 

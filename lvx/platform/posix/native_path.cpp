@@ -3,10 +3,12 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <cstring>
-#include <memory>
+#include <utility>
 #include <vector>
+
+#include "lvx/platform/posix/allocated_text.h"
+#include "lvx/platform/posix/drive_table.h"
 
 namespace lvx::platform {
 
@@ -60,71 +62,76 @@ bool is_server(std::string_view path) {
     return path.size() >= 2 && is_separator(path[0]) && is_separator(path[1]);
 }
 
-// `rest`, which starts at the root of a drive or at the drive's current directory.
-std::string walked(char letter, std::string_view rest) {
-    const bool from_root = !rest.empty() && is_separator(rest.front());
-    const std::string current = from_root ? std::string() : current_directory_of(letter);
-    Steps steps(current);
+bool starts_at_root(std::string_view rest) {
+    return !rest.empty() && is_separator(rest.front());
+}
+
+// `rest`, from the root of a drive on if it starts there, or else from the drive's current directory.
+std::string walked(const std::string& current, std::string_view rest) {
+    Steps steps(starts_at_root(rest) ? std::string_view() : current);
     steps.Walk(rest);
     return steps.Text();
 }
 
-std::optional<std::string> path_in_drive(char letter, std::string_view rest) {
-    const std::optional<std::string> root = DriveTable::Process().Root(letter);
-    return root ? std::optional(joined(*root, walked(letter, rest))) : std::nullopt;
+std::string walked_in(const DriveSet& drives, char letter, std::string_view rest) {
+    return walked(starts_at_root(rest) ? std::string() : current_directory_of(letter, drives), rest);
+}
+
+std::optional<std::string> path_in_drive(const DriveSet& drives, char letter, std::string_view rest) {
+    const std::optional<std::string> root = drives.Root(letter);
+    return root ? std::optional(joined(*root, walked_in(drives, letter, rest))) : std::nullopt;
+}
+
+// `path`, which has no drive.
+std::optional<std::string> path_in_current_drive(const DriveSet& drives, std::string_view path) {
+    const std::optional<DrivePlace> place = current_place(drives);
+    const std::optional<std::string> root = place ? drives.Root(place->letter) : std::nullopt;
+    return root ? std::optional(joined(*root, walked(place->path, path))) : std::nullopt;
 }
 
 // `path`, which has no drive and does not start at a root.
-std::optional<std::string> relative_path(std::string_view path) {
+std::optional<std::string> relative_path(const DriveSet& drives, std::string_view path) {
     const Steps steps(path);
-    if (!steps.went_above) {
-        return "./" + steps.Text();
-    }
-    const std::optional<DrivePlace> place = current_place();
-    return place ? path_in_drive(place->letter, path) : std::nullopt;
+    return steps.went_above ? path_in_current_drive(drives, path) : "./" + steps.Text();
 }
 
-std::optional<std::string> path_from_root(std::string_view path) {
-    const std::optional<DrivePlace> place = current_place();
-    return place ? path_in_drive(place->letter, path) : std::nullopt;
-}
-
-std::optional<std::string> found_path(std::string_view path) {
+std::optional<std::string> found_path(std::string_view path, const DriveSet& drives) {
     if (path.empty() || is_server(path)) {
         return std::nullopt;
     }
     if (names_drive(path)) {
-        return path_in_drive(path.front(), path.substr(2));
+        return path_in_drive(drives, path.front(), path.substr(2));
     }
-    return is_separator(path.front()) ? path_from_root(path) : relative_path(path);
+    return starts_at_root(path) ? path_in_current_drive(drives, path) : relative_path(drives, path);
 }
-
-struct Free {
-    void operator()(char* text) const { std::free(text); }
-};
 
 }  // namespace
 
 std::optional<std::string> native_path(std::string_view path) {
-    std::optional<std::string> found = found_path(path);
+    return native_path(path, DriveTable::Process().Now());
+}
+
+std::optional<std::string> native_path(std::string_view path, const DriveSet& drives) {
+    std::optional<std::string> found = found_path(path, drives);
     if (found && is_separator(path.back()) && found->back() != '/') {
         found->push_back('/');
     }
     return found;
 }
 
-std::optional<DrivePlace> named_place(std::string_view path) {
-    if (!names_drive(path) || !DriveTable::Process().Root(path.front())) {
+std::optional<DrivePlace> named_place(std::string_view path, const DriveSet& drives) {
+    if (!names_drive(path) || !drives.Root(path.front())) {
         return std::nullopt;
     }
-    return DrivePlace{*drive_letter(path.front()), walked(path.front(), path.substr(2))};
+    const char letter = *drive_letter(path.front());
+    return DrivePlace{letter, walked_in(drives, letter, path.substr(2))};
 }
 
 std::optional<std::string> drive_path(const std::string& absolute) {
     if (absolute.find('\\') != std::string::npos) {
         return std::nullopt;
     }
-    std::optional<DrivePlace> place = DriveTable::Process().PlaceOf(absolute);
+    std::optional<DrivePlace> place = DriveTable::Process().Now().PlaceOf(absolute);
     if (!place) {
         return std::nullopt;
     }
@@ -132,20 +139,20 @@ std::optional<std::string> drive_path(const std::string& absolute) {
     return std::string{place->letter, ':', '\\'} + place->path;
 }
 
-std::optional<DrivePlace> current_place() {
-    const std::unique_ptr<char, Free> directory(getcwd(nullptr, 0));
+std::optional<DrivePlace> current_place(const DriveSet& drives) {
+    const AllocatedText directory(getcwd(nullptr, 0));
     if (!directory || std::strchr(directory.get(), '\\') != nullptr) {
         return std::nullopt;
     }
-    return DriveTable::Process().PlaceOf(directory.get());
+    return drives.PlaceOf(directory.get());
 }
 
-std::string current_directory_of(char letter) {
-    const std::optional<DrivePlace> place = current_place();
+std::string current_directory_of(char letter, const DriveSet& drives) {
+    std::optional<DrivePlace> place = current_place(drives);
     if (place && place->letter == drive_letter(letter)) {
-        return place->path;
+        return std::move(place->path);
     }
-    return DriveTable::Process().Remembered(letter);
+    return drives.Remembered(letter);
 }
 
 bool is_separator(char character) {

@@ -4,7 +4,10 @@
 #include <unistd.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <mutex>
+#include <system_error>
+#include <utility>
 #include <vector>
 
 namespace lvx {
@@ -42,6 +45,16 @@ std::string without_separator(std::string path) {
     return path;
 }
 
+// Empty for the empty path, and if it counts from a current directory that is gone.
+std::string absolute(const std::string& path) {
+    if (path.empty()) {
+        return path;
+    }
+    std::error_code error;
+    const std::filesystem::path whole = std::filesystem::absolute(path, error);
+    return error ? std::string() : without_separator(whole.string());
+}
+
 std::string usual_directory() {
     const std::string configured = environment("XDG_CONFIG_HOME");
     if (configured.starts_with('/')) {
@@ -66,9 +79,17 @@ std::string profile_directory() {
     return usual_directory();
 }
 
-void set_profile_directory(const std::string& directory) {
+bool set_profile_directory(const std::string& directory) {
+    if (directory.find('\0') != std::string::npos) {
+        return false;
+    }
+    std::string whole = absolute(directory);
+    if (whole.empty() && !directory.empty()) {
+        return false;
+    }
     const std::lock_guard lock(chosen().mutex);
-    chosen().directory = without_separator(directory);
+    chosen().directory = std::move(whole);
+    return true;
 }
 
 }  // namespace lvx

@@ -33,7 +33,8 @@ private:
 };
 
 /// The bytes of a file in that encoding, with the mark. Bytes of `text` that are no UTF-8 become U+FFFD in
-/// UTF-16.
+/// UTF-16, and without a mark the text may begin with what is read as one: ProfileText gives another text
+/// then.
 std::string profile_bytes(ProfileEncoding encoding, std::string_view text);
 
 }  // namespace lvx::platform

@@ -31,6 +31,13 @@ bool may_write(int directory, const std::string& name) {
     return faccessat(directory, name.c_str(), W_OK, AT_EACCESS) == 0 || errno == ENOENT;
 }
 
+// Whether a file of these bytes is read as that text: a first key may look like a byte-order mark, and not
+// every byte has a place in UTF-16.
+bool reads_back(std::string_view bytes, ProfileEncoding encoding, std::string_view text) {
+    const ProfileText again(bytes);
+    return again.Encoding() == encoding && again.Text() == text;
+}
+
 bool change_file(int directory, const std::string& name, std::string_view section, std::string_view key,
                  std::string_view value) {
     const ProfileFile file(directory, name.c_str());
@@ -46,7 +53,8 @@ bool change_file(int directory, const std::string& name, std::string_view sectio
         return true;
     }
     const std::string bytes = profile_bytes(before.Encoding(), *after);
-    return bytes.size() <= largest_profile && ReplacementFile(directory, name).Replace(bytes);
+    return bytes.size() <= largest_profile && reads_back(bytes, before.Encoding(), *after) &&
+           ReplacementFile(directory, name).Replace(bytes);
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 
 #include <atomic>
 #include <cerrno>
+#include <optional>
 #include <utility>
 
 namespace lvx::platform {
@@ -17,6 +18,43 @@ constexpr int most_attempts = 100;
 std::string next_name() {
     static std::atomic<unsigned> counter = 0;
     return ".lvx-" + std::to_string(getpid()) + "-" + std::to_string(counter++) + ".new";
+}
+
+bool may_not() {
+    return errno == EPERM || errno == EINVAL;
+}
+
+struct Ownership {
+    bool has_owner;
+    bool has_group;
+};
+
+// Gives the file to them as far as that is allowed; what is not given stays the writer's. Nothing on an
+// error.
+std::optional<Ownership> give(int file, uid_t owner, gid_t group) {
+    if (fchown(file, owner, group) == 0) {
+        return Ownership{true, true};
+    }
+    if (!may_not()) {
+        return std::nullopt;
+    }
+    constexpr auto same_owner = static_cast<uid_t>(-1);
+    if (fchown(file, same_owner, group) == 0) {
+        return Ownership{false, true};
+    }
+    return may_not() ? std::optional(Ownership{false, false}) : std::nullopt;
+}
+
+// What the group may do was meant for the old one, and running as the owner for that one.
+mode_t mode_for(mode_t mode, Ownership ownership) {
+    mode &= 07777;
+    if (!ownership.has_owner) {
+        mode &= ~mode_t{S_ISUID};
+    }
+    if (!ownership.has_group) {
+        mode &= ~mode_t{S_ISGID | S_IRWXG};
+    }
+    return mode;
 }
 
 }  // namespace
@@ -52,11 +90,9 @@ bool ReplacementFile::CopyAttributes() {
     if (fstatat(m_directory, m_name.c_str(), &status, 0) != 0) {
         return errno == ENOENT;
     }
-    // An owner that may not be given stays the writer. The mode comes last: giving away clears bits of it.
-    if (fchown(m_file.Number(), status.st_uid, status.st_gid) != 0 && errno != EPERM && errno != EINVAL) {
-        return false;
-    }
-    return fchmod(m_file.Number(), status.st_mode & 07777) == 0;
+    const auto ownership = give(m_file.Number(), status.st_uid, status.st_gid);
+    // The mode comes last: giving away clears bits of it.
+    return ownership && fchmod(m_file.Number(), mode_for(status.st_mode, *ownership)) == 0;
 }
 
 bool ReplacementFile::Write(std::string_view bytes) {
@@ -78,9 +114,8 @@ bool ReplacementFile::Replace(std::string_view bytes) {
         renameat(m_directory, m_own_name.c_str(), m_directory, m_name.c_str()) != 0) {
         return false;
     }
+    // The directory is not waited for: a power failure may bring the old file back, but whole.
     m_own_name.clear();
-    // So that the new name survives a power failure. The file is replaced in any case.
-    fsync(m_directory);
     return true;
 }
 

@@ -15,8 +15,9 @@ namespace lvx::platform {
 
 class ReplacementFile {
 public:
-    /// An empty file beside `name` in an open directory, with the mode and the owner, as far as that is
-    /// allowed, of the file there if there is one.
+    /// An empty file beside `name` in an open directory, with the mode, and as far as that is allowed the
+    /// owner and the group, of the file there if there is one. A group that may not be given takes its rights
+    /// along: the writer's group gets none.
     ReplacementFile(int directory, const std::string& name);
     ReplacementFile(const ReplacementFile&) = delete;
     ReplacementFile& operator=(const ReplacementFile&) = delete;

@@ -10,6 +10,8 @@ std::string profile_directory() {
     return length < MAX_PATH ? std::string(path, length) : std::string();
 }
 
-void set_profile_directory(const std::string& /*directory*/) {}
+bool set_profile_directory(const std::string& /*directory*/) {
+    return false;
+}
 
 }  // namespace lvx

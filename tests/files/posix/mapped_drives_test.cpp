@@ -86,3 +86,13 @@ TEST_F(MappedDrives, a_path_expands_by_the_directory_of_its_drive) {
     path.expand();
     EXPECT_EQ("c:\\f", path);
 }
+
+TEST_F(MappedDrives, a_name_with_a_question_mark_is_one_like_others) {
+    lvx_test::write_file(m_folder.File("a?b"), "");
+    std::filesystem::create_directories(m_folder.File("s?b"));
+    EXPECT_TRUE(LVXPathString("D:\\a?b").isFile());
+    EXPECT_TRUE(LVXPathString("a?b").exists());
+    EXPECT_FALSE(LVXPathString("D:\\a?c").isFile());
+    EXPECT_TRUE(LVXPathString("D:\\s?b\\").isDirectory());
+    EXPECT_FALSE(LVXPathString("D:\\s?b").isFile());
+}

@@ -2,86 +2,51 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+
+#include "support/threads.h"
+
 namespace {
 
-using lvx::platform::drive_letter;
-using lvx::platform::DrivePlace;
+using lvx::platform::DriveSet;
 using lvx::platform::DriveTable;
-
-using Place = std::optional<DrivePlace>;
-
-constexpr auto nothing = std::nullopt;
 
 }  // namespace
 
-TEST(DriveTable, c_is_the_root_at_first_and_there_is_no_other) {
-    const DriveTable drives;
-    EXPECT_EQ("/", drives.Root('C'));
-    EXPECT_EQ("/", drives.Root('c'));
-    for (char letter = 'A'; letter <= 'Z'; ++letter) {
-        EXPECT_EQ(letter == 'C', drives.Root(letter).has_value());
+TEST(DriveTable, the_drives_of_now_stay_as_they_were_then) {
+    DriveTable table;
+    ASSERT_TRUE(table.Map('d', "/one"));
+    const DriveSet before = table.Now();
+    ASSERT_TRUE(table.Map('D', "/two"));
+    EXPECT_EQ("/one", before.Root('D'));
+    EXPECT_EQ("/two", table.Now().Root('D'));
+    EXPECT_TRUE(table.Unmap('D'));
+    EXPECT_FALSE(table.Unmap('D'));
+    EXPECT_FALSE(table.Map('1', "/one"));
+    EXPECT_EQ(std::nullopt, table.Now().Root('D'));
+}
+
+TEST(DriveTable, a_directory_is_remembered_for_the_folder_that_it_was_found_in_alone) {
+    DriveTable table;
+    table.Map('D', "/one");
+    table.Remember({'D', "sub"}, "/one");
+    EXPECT_EQ("sub", table.Now().Remembered('D'));
+    table.Map('D', "/two");
+    table.Remember({'D', "sub"}, "/one");
+    EXPECT_EQ("", table.Now().Remembered('D'));
+    table.Unmap('D');
+    table.Remember({'D', "sub"}, "/two");
+    table.Remember({'1', "sub"}, "/two");
+    EXPECT_EQ("", table.Now().Remembered('D'));
+}
+
+TEST(DriveTable, of_several_threads_one_takes_a_letter_away) {
+    DriveTable table;
+    for (int i = 0; i < 200; ++i) {
+        ASSERT_TRUE(table.Map('D', "/one"));
+        std::atomic<int> taken = 0;
+        lvx_test::Threads taking(2, [&] { taken += table.Unmap('D') ? 1 : 0; });
+        taking.Join();
+        EXPECT_EQ(1, taken);
     }
-}
-
-TEST(DriveTable, only_letters_are_drives) {
-    DriveTable drives;
-    for (const char character : {'@', '[', '`', '{', '1', '\0', '\xC4'}) {
-        EXPECT_EQ(nothing, drive_letter(character));
-        EXPECT_FALSE(drives.Map(character, "/a"));
-        EXPECT_FALSE(drives.Unmap(character));
-        EXPECT_EQ(nothing, drives.Root(character));
-        EXPECT_EQ("", drives.Remembered(character));
-        drives.Remember({character, "x"});
-    }
-    EXPECT_EQ('A', drive_letter('a'));
-    EXPECT_EQ('Z', drive_letter('Z'));
-}
-
-TEST(DriveTable, a_letter_can_be_mapped_again_and_unmapped) {
-    DriveTable drives;
-    EXPECT_TRUE(drives.Map('d', "/mnt/one"));
-    EXPECT_TRUE(drives.Map('D', "/mnt/two"));
-    EXPECT_EQ("/mnt/two", drives.Root('d'));
-    EXPECT_TRUE(drives.Unmap('d'));
-    EXPECT_FALSE(drives.Unmap('D'));
-    EXPECT_EQ(nothing, drives.Root('D'));
-    EXPECT_FALSE(drives.Map('D', ""));
-}
-
-TEST(DriveTable, a_path_is_in_the_drive_with_the_longest_folder) {
-    DriveTable drives;
-    drives.Map('D', "/mnt/disk");
-    drives.Map('E', "/mnt");
-    EXPECT_EQ((Place{{'D', "a/b"}}), drives.PlaceOf("/mnt/disk/a/b"));
-    EXPECT_EQ((Place{{'D', ""}}), drives.PlaceOf("/mnt/disk"));
-    EXPECT_EQ((Place{{'E', "disk2"}}), drives.PlaceOf("/mnt/disk2"));
-    EXPECT_EQ((Place{{'C', "home"}}), drives.PlaceOf("/home"));
-    EXPECT_EQ((Place{{'C', ""}}), drives.PlaceOf("/"));
-}
-
-TEST(DriveTable, of_two_letters_for_a_folder_the_first_is_told) {
-    DriveTable drives;
-    drives.Map('B', "/");
-    EXPECT_EQ((Place{{'B', "x"}}), drives.PlaceOf("/x"));
-}
-
-TEST(DriveTable, what_no_drive_leads_to_has_no_place) {
-    DriveTable drives;
-    drives.Map('C', "/srv");
-    EXPECT_EQ(nothing, drives.PlaceOf("/home"));
-    EXPECT_EQ(nothing, drives.PlaceOf("/srv2"));
-    EXPECT_EQ(nothing, drives.PlaceOf(""));
-    drives.Unmap('C');
-    EXPECT_EQ(nothing, drives.PlaceOf("/srv"));
-}
-
-TEST(DriveTable, a_drive_remembers_its_directory_until_it_is_mapped_again) {
-    DriveTable drives;
-    drives.Remember({'C', "a/b"});
-    EXPECT_EQ("a/b", drives.Remembered('c'));
-    EXPECT_EQ("", drives.Remembered('D'));
-    drives.Remember({'D', "x"});
-    EXPECT_EQ("", drives.Remembered('D')) << "there is no such drive";
-    drives.Map('C', "/srv");
-    EXPECT_EQ("", drives.Remembered('C'));
 }

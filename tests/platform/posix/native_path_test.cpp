@@ -6,12 +6,19 @@
 #include <filesystem>
 
 #include "lvx/platform/drives.h"
+#include "lvx/platform/posix/drive_table.h"
 #include "support/drive_folder.h"
 #include "support/temp_folder.h"
 
 namespace {
 
+using lvx::platform::current_directory_of;
+using lvx::platform::current_place;
 using lvx::platform::drive_path;
+using lvx::platform::DrivePlace;
+using lvx::platform::DriveSet;
+using lvx::platform::DriveTable;
+using lvx::platform::named_place;
 using lvx::platform::native_path;
 
 using Text = std::optional<std::string>;
@@ -86,7 +93,7 @@ TEST_F(NativePath, a_drive_without_a_root_starts_at_its_directory) {
     EXPECT_EQ(Text("/usr"), native_path("C:"));
     EXPECT_EQ(Text("/a"), native_path("C:..\\a"));
     EXPECT_EQ(m_root + "/a", native_path("D:a"));
-    lvx::platform::DriveTable::Process().Remember({'D', "sub"});
+    DriveTable::Process().Remember({'D', "sub"}, m_root);
     EXPECT_EQ(m_root + "/sub/a", native_path("D:a"));
     EXPECT_EQ(m_root + "/a", native_path("D:..\\a"));
 }
@@ -104,7 +111,7 @@ TEST_F(NativePath, outside_of_all_drives_only_relative_paths_lead_somewhere) {
     EXPECT_EQ(nothing, native_path("\\a"));
     EXPECT_EQ(nothing, native_path("..\\a"));
     EXPECT_EQ(m_root + "/a", native_path("C:\\a"));
-    EXPECT_EQ(nothing, lvx::platform::current_place());
+    EXPECT_EQ(nothing, current_place(DriveTable::Process().Now()));
     ASSERT_TRUE(lvx::map_drive('C', "/"));
 }
 
@@ -112,7 +119,7 @@ TEST_F(NativePath, a_name_with_a_backslash_cannot_be_told) {
     EXPECT_EQ(nothing, drive_path("/a\\b"));
     std::filesystem::create_directory(m_folder.File("a\\b"));
     std::filesystem::current_path(m_folder.File("a\\b"));
-    EXPECT_EQ(nothing, lvx::platform::current_place());
+    EXPECT_EQ(nothing, current_place(DriveTable::Process().Now()));
     EXPECT_EQ(Text("./c"), native_path("c"));
     EXPECT_EQ(nothing, native_path("..\\c"));
 }
@@ -124,4 +131,30 @@ TEST_F(NativePath, an_absolute_path_is_told_with_its_drive) {
     EXPECT_EQ(Text("D:\\"), drive_path(m_root));
     EXPECT_EQ(nothing, drive_path("usr"));
     EXPECT_EQ(nothing, drive_path(""));
+}
+
+// Once each question went to the table of the moment, and the answers did not fit together.
+TEST_F(NativePath, a_path_goes_by_the_drives_that_it_is_asked_with) {
+    std::filesystem::create_directory(m_folder.File("sub"));
+    std::filesystem::current_path(m_folder.File("sub"));
+    const DriveSet drives = DriveTable::Process().Now();
+    const lvx_test::TempFolder other;
+    ASSERT_TRUE(lvx::map_drive('D', other.Path()));
+    EXPECT_EQ(m_root + "/f", native_path("\\f", drives));
+    EXPECT_EQ(m_root + "/f", native_path("..\\f", drives));
+    EXPECT_EQ(m_root + "/sub/f", native_path("D:f", drives));
+    EXPECT_EQ((DrivePlace{'D', "sub/f"}), named_place("d:f", drives));
+    EXPECT_EQ((DrivePlace{'D', "sub"}), current_place(drives));
+    EXPECT_EQ("sub", current_directory_of('d', drives));
+    EXPECT_EQ(Text("/f"), native_path("\\f"));
+    EXPECT_EQ("", current_directory_of('D', DriveTable::Process().Now()));
+}
+
+TEST_F(NativePath, only_a_drive_that_is_there_names_a_place) {
+    const DriveSet drives;
+    EXPECT_EQ((DrivePlace{'C', "a/b"}), named_place("c:\\a\\.\\b\\", drives));
+    EXPECT_EQ(std::nullopt, named_place("D:\\a", drives));
+    EXPECT_EQ(std::nullopt, named_place("1:\\a", drives));
+    EXPECT_EQ(std::nullopt, named_place("\\a", drives));
+    EXPECT_EQ(std::nullopt, named_place("", drives));
 }

@@ -4,7 +4,10 @@
 #include <pwd.h>
 #include <unistd.h>
 
+#include <filesystem>
+
 #include "platform/posix/restored_variable.h"
+#include "support/drive_folder.h"
 
 namespace {
 
@@ -53,4 +56,36 @@ TEST(UsualProfileDirectory, loses_separators_at_its_end) {
     lvx::set_profile_directory("/somewhere/");
     EXPECT_EQ("/somewhere", lvx::profile_directory());
     lvx::set_profile_directory("");
+}
+
+// Settings were read here and written there when the program changed its directory in between.
+TEST(ChosenProfileDirectory, does_not_move_with_the_current_directory) {
+    const lvx_test::KeptDirectory kept;
+    std::filesystem::current_path("/usr");
+    EXPECT_TRUE(lvx::set_profile_directory("share/sketch/"));
+    std::filesystem::current_path("/");
+    EXPECT_EQ("/usr/share/sketch", lvx::profile_directory());
+    EXPECT_TRUE(lvx::set_profile_directory(""));
+}
+
+TEST(ChosenProfileDirectory, a_name_with_a_nul_is_refused) {
+    ASSERT_TRUE(lvx::set_profile_directory("/somewhere"));
+    EXPECT_FALSE(lvx::set_profile_directory(std::string("/else\0where", 11)));
+    EXPECT_FALSE(lvx::set_profile_directory(std::string(1, '\0')));
+    EXPECT_EQ("/somewhere", lvx::profile_directory());
+    EXPECT_TRUE(lvx::set_profile_directory(""));
+}
+
+TEST(ChosenProfileDirectory, a_relative_one_of_a_directory_that_is_gone_is_refused) {
+    const lvx_test::KeptDirectory kept;
+    const lvx_test::TempFolder folder;
+    ASSERT_TRUE(lvx::set_profile_directory("/somewhere"));
+    std::filesystem::create_directory(folder.File("gone"));
+    std::filesystem::current_path(folder.File("gone"));
+    std::filesystem::remove(folder.File("gone"));
+    EXPECT_FALSE(lvx::set_profile_directory("sub"));
+    EXPECT_EQ("/somewhere", lvx::profile_directory());
+    EXPECT_TRUE(lvx::set_profile_directory("/else"));
+    EXPECT_EQ("/else", lvx::profile_directory());
+    EXPECT_TRUE(lvx::set_profile_directory(""));
 }

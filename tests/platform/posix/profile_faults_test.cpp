@@ -30,6 +30,25 @@ bool fails() {
     return true;
 }
 
+// What fchown refuses, and the calls that came to it.
+enum class Refused { Nothing, Owners, Groups };
+Refused refused = Refused::Nothing;
+int refusal = EPERM;
+
+struct Giving {
+    uid_t owner;
+    gid_t group;
+
+    bool operator==(const Giving&) const = default;
+};
+std::vector<Giving> givings;
+
+constexpr auto same_owner = static_cast<uid_t>(-1);
+
+bool is_refused(uid_t owner) {
+    return refused == Refused::Groups || (refused == Refused::Owners && owner != same_owner);
+}
+
 template <class Function>
 Function* original(Function* /*type*/, const char* name) {
     return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
@@ -60,7 +79,15 @@ int fsync(int file) {
 }
 
 int fchown(int file, uid_t owner, gid_t group) noexcept {
-    return fails() ? -1 : original(&fchown, "fchown")(file, owner, group);
+    if (fails()) {
+        return -1;
+    }
+    givings.push_back({owner, group});
+    if (is_refused(owner)) {
+        errno = refusal;
+        return -1;
+    }
+    return original(&fchown, "fchown")(file, owner, group);
 }
 
 int fchmod(int file, mode_t mode) noexcept {
@@ -90,7 +117,10 @@ const std::string after = "[s]\r\na=2\r\n";
 class ProfileFaults : public ::testing::Test {
 protected:
     ProfileFaults() : m_file(m_folder.File("f")) {}
-    ~ProfileFaults() override { calls_until_failure = -1; }
+    ~ProfileFaults() override {
+        calls_until_failure = -1;
+        refused = Refused::Nothing;
+    }
 
     /// The result of writing with one call that fails.
     bool Write(int call, int error) {
@@ -100,6 +130,25 @@ protected:
         m_failed = calls_until_failure < 0;
         calls_until_failure = -1;
         return result;
+    }
+
+    /// The mode that a file of `mode` has behind a write, in which fchown refuses that with this error.
+    mode_t ModeBehindWrite(mode_t mode, Refused what, int error) {
+        lvx_test::write_file(m_file, before);
+        EXPECT_EQ(0, chmod(m_file.c_str(), mode));
+        refused = what;
+        refusal = error;
+        givings.clear();
+        EXPECT_TRUE(Write(-1, 0));
+        refused = Refused::Nothing;
+        EXPECT_EQ(after, lvx_test::read_file(m_file));
+        return Status().st_mode & 07777;
+    }
+
+    struct stat Status() const {
+        struct stat status {};
+        EXPECT_EQ(0, stat(m_file.c_str(), &status));
+        return status;
     }
 
     lvx_test::TempFolder m_folder;
@@ -119,9 +168,9 @@ TEST_F(ProfileFaults, a_write_is_done_or_not_whichever_call_fails) {
         EXPECT_EQ(result ? after : before, lvx_test::read_file(m_file)) << "call " << calls;
         EXPECT_EQ(Names{"f"}, lvx_test::folder_names(m_folder.Path())) << "call " << calls;
     } while (m_failed);
-    // Two may fail and the write is done all the same: the lock and waiting for the directory.
+    // The write is done all the same if the lock fails, and in the last turn, in which nothing does.
     EXPECT_GE(calls, 10);
-    EXPECT_EQ(calls - 3, failures);
+    EXPECT_EQ(calls - 2, failures);
 }
 
 TEST_F(ProfileFaults, interrupted_calls_are_made_again) {
@@ -131,8 +180,44 @@ TEST_F(ProfileFaults, interrupted_calls_are_made_again) {
         lvx_test::write_file(m_file, before);
         successes += Write(calls++, EINTR);
     } while (m_failed);
-    // The lock, reading, writing, waiting for the directory, and the last turn, in which nothing fails.
-    EXPECT_EQ(5, successes);
+    // The lock, reading, writing, and the last turn, in which nothing fails.
+    EXPECT_EQ(4, successes);
+}
+
+// The group was once lost along with an owner that could not be given.
+TEST_F(ProfileFaults, where_the_owner_may_not_be_given_the_group_is) {
+    for (const int error : {EPERM, EINVAL}) {
+        EXPECT_EQ(0664U, ModeBehindWrite(04664, Refused::Owners, error));
+        const struct stat status = Status();
+        EXPECT_EQ((std::vector<Giving>{{status.st_uid, status.st_gid}, {same_owner, status.st_gid}}),
+                  givings);
+    }
+}
+
+TEST_F(ProfileFaults, a_group_that_may_not_be_given_takes_its_rights_along) {
+    for (const int error : {EPERM, EINVAL}) {
+        EXPECT_EQ(0604U, ModeBehindWrite(02664, Refused::Groups, error));
+        EXPECT_EQ(2U, givings.size());
+    }
+    EXPECT_EQ(0664U, ModeBehindWrite(0664, Refused::Nothing, 0));
+    EXPECT_EQ(1U, givings.size());
+}
+
+TEST_F(ProfileFaults, an_error_in_giving_fails_the_write) {
+    lvx_test::write_file(m_file, before);
+    refused = Refused::Owners;
+    refusal = EIO;
+    EXPECT_FALSE(Write(-1, 0));
+    EXPECT_EQ(before, lvx_test::read_file(m_file));
+    refusal = EPERM;
+    int failures = 0;
+    int call = 0;
+    do {
+        lvx_test::write_file(m_file, before);
+        failures += !Write(call++, EIO);
+    } while (m_failed);
+    EXPECT_EQ(call - 2, failures) << "the lock may fail, and in the last turn nothing does";
+    EXPECT_EQ(Names{"f"}, lvx_test::folder_names(m_folder.Path()));
 }
 
 TEST_F(ProfileFaults, a_file_that_cannot_be_read_gives_the_default) {

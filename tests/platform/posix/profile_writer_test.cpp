@@ -114,6 +114,59 @@ TEST_F(ProfileWriter, a_file_is_not_made_larger_than_can_be_read) {
     EXPECT_TRUE(Write("f", "b", "23"));
 }
 
+// Each write once put another line with U+FFFD into the file, and none was read back.
+TEST_F(ProfileWriter, what_has_no_place_in_utf_16_is_not_written) {
+    const std::string utf8 = "k=\xC3\xA9";
+    for (const std::string& content :
+         {std::string("\xFF\xFE[\0s\0]\0\n\0", 10), std::string("\xFE\xFF\0[\0s\0]\0\n", 10),
+          std::string("\xFF\xFE", 2)}) {
+        lvx_test::write_file(m_folder.File("f"), content);
+        EXPECT_FALSE(Write("f",
+                           "gr\xF6\xDF"
+                           "e",
+                           "1"));
+        EXPECT_FALSE(Write("f", "k",
+                           "gr\xFC"
+                           "n"));
+        EXPECT_FALSE(Write("f", "k", "\xC3"));
+        EXPECT_FALSE(write_profile({m_folder.File("f"), false}, "\xE9", "k", "1"));
+        // Two halves of a character, each written as a character, would come back as one.
+        EXPECT_FALSE(Write("f", "k", "\xED\xA0\xBD\xED\xB8\x80"));
+        EXPECT_EQ(content, read_file(m_folder.File("f")));
+    }
+}
+
+TEST_F(ProfileWriter, what_has_a_place_in_utf_16_is_written) {
+    lvx_test::write_file(m_folder.File("f"), std::string("\xFF\xFE[\0s\0]\0\n\0", 10));
+    EXPECT_TRUE(Write("f", "k", "\xC3\xA9\xEF\xBF\xBD\xF0\x9F\x98\x80\xED\xA0\xBD"));
+    EXPECT_EQ(std::string("\xFF\xFE[\0s\0]\0\n\0k\0=\0\xE9\0\xFD\xFF\x3D\xD8\x00\xDE\x3D\xD8\n\0", 26),
+              read_file(m_folder.File("f")));
+}
+
+// It became the mark of the file, which then was read as one of another encoding, without its settings.
+TEST_F(ProfileWriter, a_first_key_that_looks_like_a_byte_order_mark_is_not_written) {
+    for (const std::string content : {"[s]\nk=v\n", ""}) {
+        lvx_test::write_file(m_folder.File("f"), content);
+        for (const char* const mark : {"\xFF\xFE", "\xFE\xFF", "\xEF\xBB\xBF"}) {
+            const std::string key = std::string(mark) + "kk";
+            EXPECT_FALSE(write_profile({m_folder.File("f"), false}, "", key, "1"));
+            EXPECT_FALSE(write_profile({m_folder.File("none"), false}, "", key, "1"));
+            EXPECT_EQ(content, read_file(m_folder.File("f")));
+        }
+    }
+    EXPECT_EQ(Names{"f"}, folder_names(m_folder.Path()));
+}
+
+TEST_F(ProfileWriter, a_key_that_looks_like_a_byte_order_mark_is_one_like_others_elsewhere) {
+    lvx_test::write_file(m_folder.File("f"), "a=1\n[s]\n");
+    EXPECT_TRUE(Write("f", "\xFF\xFEk", "2"));
+    EXPECT_TRUE(write_profile({m_folder.File("f"), false}, "", "\xEF\xBB\xBF", "3"));
+    EXPECT_EQ("a=1\n\xEF\xBB\xBF=3\n[s]\n\xFF\xFEk=2\n", read_file(m_folder.File("f")));
+    lvx_test::write_file(m_folder.File("g"), "\xEF\xBB\xBF[s]\n");
+    EXPECT_TRUE(write_profile({m_folder.File("g"), false}, "", "\xEF\xBB\xBFk", "4"));
+    EXPECT_EQ("\xEF\xBB\xBF\xEF\xBB\xBFk=4\n[s]\n", read_file(m_folder.File("g")));
+}
+
 TEST_F(ProfileWriter, a_read_only_file_and_a_read_only_folder_stay) {
     lvx_test::write_file(m_folder.File("f"), "[s]\r\na=1\r\n");
     std::filesystem::permissions(m_folder.Path(), std::filesystem::perms::all);

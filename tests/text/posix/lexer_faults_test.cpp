@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <new>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -19,24 +20,29 @@ void add_patterns(Lexer& lexer) {
 // The table is made in the first call; whatever allocation of it fails, the next call makes it.
 TEST(LexerFaults, a_call_without_memory_throws_and_the_next_one_finds_the_token) {
     const std::string text = "abc";
-    long failed = 0;
-    for (bool has_failed = true; has_failed; failed += has_failed ? 1 : 0) {
-        Lexer lexer;
-        add_patterns(lexer);
-        const std::size_t before = lvx_test::live_bytes();
-        unsigned int length = 77;
-        {
-            const lvx_test::FailingAllocation failing(failed);
-            try {
-                EXPECT_EQ(2, lexer.getToken(text, 0, length));
-            } catch (const std::bad_alloc&) {
-                EXPECT_EQ(before, lvx_test::live_bytes()) << failed;
-            }
-            has_failed = failing.HasFailed();
+    unsigned int length = 0;
+    std::optional<Lexer> lexer;
+    std::size_t before = 0;
+    const auto renew = [&] {
+        add_patterns(lexer.emplace());
+        before = lvx_test::live_bytes();
+    };
+    renew();
+    const auto call = [&] {
+        try {
+            EXPECT_EQ(2, lexer->getToken(text, 0, length));
+        } catch (const std::bad_alloc&) {
+            EXPECT_EQ(before, lvx_test::live_bytes());
+            throw;
         }
-        EXPECT_EQ(2, lexer.getToken(text, 0, length));
+    };
+    const auto call_again = [&] {
+        EXPECT_EQ(2, lexer->getToken(text, 0, length));
         EXPECT_EQ(2u, length);
-    }
+        renew();
+    };
+    const long failed = lvx_test::for_each_failing_allocation(call, call_again);
+    EXPECT_EQ(2u, length);
     EXPECT_LT(20, failed);
 }
 

@@ -1,6 +1,7 @@
 // Objects that two processes know by one name.
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <string>
 
 #include "lvx/runtime/sync.h"
@@ -109,6 +110,26 @@ TEST(NamedObjects, of_one_name_are_one_and_keep_their_first_state) {
     first.SetEvent();
     EXPECT_TRUE(second.Lock(0));
     EXPECT_TRUE(second.Lock(0));
+}
+
+TEST(NamedObjects, a_mutex_that_another_thread_holds_keeps_its_first_owner) {
+    const std::string name = own_name("mutex");
+    LVXMutex first(false, name.c_str(), nullptr);
+    LVXEvent done(false, true, nullptr, nullptr);
+    std::atomic<bool> held{false};
+    lvx_test::Threads owner(1, [&] {
+        held = first.Lock(0);
+        done.Lock(long_time);
+        first.Unlock();
+    });
+    EXPECT_TRUE(lvx_test::comes_true([&] { return held.load(); }));
+    LVXMutex second(true, name.c_str(), nullptr);
+    EXPECT_THROW(second.Lock(0), LVXMutex::LockFailed);
+    EXPECT_THROW(second.Unlock(), LVXMutex::ReleaseFailed);
+    done.SetEvent();
+    owner.Join();
+    EXPECT_TRUE(second.Lock(0));
+    EXPECT_TRUE(second.Unlock());
 }
 
 TEST(NamedObjects, the_name_of_another_kind_of_object_makes_creation_fail) {
