@@ -12,7 +12,8 @@
 
 namespace desk {
 
-/// How many windows, menus and the like this process has just now.
+/// How many windows, menus and the like this process has just now. Wine always says 0: tests count by other
+/// means too.
 inline DWORD UserObjects() {
     return ::GetGuiResources(::GetCurrentProcess(), GR_USEROBJECTS);
 }

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <vector>
+
 #include "owl/error.h"
 #include "tests/owl/desk.h"
 #include "tests/owl/resource_ids.h"
@@ -144,11 +147,16 @@ TEST_F(Menu, opens_anywhere_and_is_left_by_the_escape_key) {
 
 TEST_F(Menu, thousand_of_them_leave_nothing_behind) {
     const DWORD before = desk::UserObjects();
+    std::vector<HMENU> handles;
     for (int i = 0; i < 1000; ++i) {
         TMenu bar;
         owl::TPopupMenu popup;
+        handles.push_back(bar);
+        handles.push_back(popup);
         bar.AppendMenu(MF_POPUP, reinterpret_cast<UINT_PTR>(popup.Release()), "Sub");
     }
+    EXPECT_EQ(0,
+              std::count_if(handles.begin(), handles.end(), [](HMENU left) { return ::IsMenu(left) != 0; }));
     EXPECT_EQ(before, desk::UserObjects());
 }
 
