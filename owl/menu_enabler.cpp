@@ -1,8 +1,8 @@
 #include "owl/menu_enabler.h"
 
-#include <array>
 #include <string>
 
+#include "owl/menu.h"
 #include "owl/window.h"
 
 namespace owl {
@@ -10,10 +10,7 @@ namespace owl {
 namespace {
 
 std::string TextOf(HMENU menu, UINT position) {
-    std::array<char, 512> text{};
-    const int length =
-        ::GetMenuStringA(menu, position, text.data(), static_cast<int>(text.size()), MF_BYPOSITION);
-    return std::string(text.data(), static_cast<std::size_t>(length));
+    return TMenu(menu).GetMenuString(position, MF_BYPOSITION);
 }
 
 bool IsCommand(UINT id) {

@@ -12,7 +12,8 @@
 
 namespace desk {
 
-/// How many windows, menus and the like this process has just now.
+/// How many windows, menus and the like this process has just now. Wine always says 0: tests count by other
+/// means too.
 inline DWORD UserObjects() {
     return ::GetGuiResources(::GetCurrentProcess(), GR_USEROBJECTS);
 }
@@ -58,12 +59,19 @@ bool PumpUntil(const Done& done, DWORD milliseconds = 5000) {
     return done();
 }
 
-/// Brings a window to the front and waits until it has the keyboard.
+/// Brings a window to the front and waits until it keeps the keyboard: the window manager has its say a
+/// moment after the system thinks that the window has it.
 inline bool Activate(const owl::TWindow& window) {
-    ::ShowWindow(window.GetHandle(), SW_SHOW);
-    ::SetForegroundWindow(window.GetHandle());
-    return PumpUntil(
-        [&] { return ::GetForegroundWindow() == window.GetHandle() && ::GetFocus() != nullptr; });
+    const auto active = [&] {
+        return ::GetForegroundWindow() == window.GetHandle() && ::GetFocus() != nullptr;
+    };
+    for (int tries = 0; tries < 10; ++tries) {
+        ::ShowWindow(window.GetHandle(), SW_SHOW);
+        ::SetForegroundWindow(window.GetHandle());
+        if (PumpUntil(active) && !PumpUntil([&] { return !active(); }, 120))
+            return true;
+    }
+    return false;
 }
 
 /// Presses the keys in their order and lets them go in the opposite one, as a hand does.

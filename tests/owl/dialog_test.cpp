@@ -384,11 +384,14 @@ TEST_F(DialogTest, hundred_of_them_leave_nothing_behind) {
         warm.Create();
     }
     const DWORD before = desk::UserObjects();
+    const int windows = desk::CountWindows();
     for (int i = 0; i < 100; ++i) {
         Dialog dialog(desk.frame);
         new owl::TEdit(&dialog, IDC_TEST_EDIT);
         dialog.Create();
+        EXPECT_LT(windows + 10, desk::CountWindows());
     }
+    EXPECT_EQ(windows, desk::CountWindows());
     EXPECT_EQ(before, desk::UserObjects());
 }
 
