@@ -6,6 +6,7 @@
 
 namespace {
 
+using lvx::text::Budget;
 using lvx::text::parse_pattern;
 using lvx::text::PatternAutomaton;
 using lvx::text::PatternLimits;
@@ -14,14 +15,15 @@ using lvx::text::PatternRule;
 using lvx::text::PatternStates;
 
 PatternAutomaton make(const std::vector<std::string>& patterns) {
-    PatternMachine machine(100'000);
+    Budget budget(100'000'000);
+    PatternMachine machine(100'000, budget);
     std::vector<PatternRule> rules;
     for (const std::string& pattern : patterns) {
         EXPECT_TRUE(machine.Add(*parse_pattern(pattern)));
         rules.push_back({0, static_cast<std::uint32_t>(rules.size())});
     }
-    PatternLimits limits{20'000, 4'000'000, 100'000'000};
-    return PatternAutomaton(*PatternStates::Make(machine, rules, limits));
+    const PatternLimits limits{20'000, 4'000'000};
+    return PatternAutomaton(*PatternStates::Make(machine, rules, limits, budget));
 }
 
 // "pattern:length", or "none".
