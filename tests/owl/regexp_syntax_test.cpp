@@ -107,8 +107,12 @@ TEST(RegexpSyntax, escapes_name_characters) {
                   {"\\xfF", bytes_in("\xFF")},
                   {"\\x{e9}", bytes_in("\xE9")},
                   {"\\101", bytes_in("A")},
-                  {"\\0", bytes_in("\0"s)}});
-    EXPECT_FALSE(TRegexp("\\x{100}").ok());
+                  {"\\0", bytes_in("\0"s)},
+                  {"\\07", bytes_in("\a")},
+                  {"\\17", bytes_in("\x0F")}});
+    for (const char* const bad : {"\\x{100}", "\\1", "\\7", "\\8", "\\18"}) {
+        EXPECT_FALSE(TRegexp(bad).ok()) << bad;
+    }
 }
 
 TEST(RegexpSyntax, escapes_name_sets) {
@@ -185,6 +189,7 @@ TEST(RegexpSyntax, bars_part_alternatives_and_parentheses_hold_them_together) {
                 {"(?P<name>a)b", "ab", 2},
                 {"a(|b)c", "ac", 2},
                 {"|a", "a", 1}});
+    EXPECT_FALSE(TRegexp("(?<name>a)").ok());
 }
 
 TEST(RegexpSyntax, some_constructs_match_places_and_no_characters) {
@@ -196,6 +201,15 @@ TEST(RegexpSyntax, some_constructs_match_places_and_no_characters) {
                 {"a\\B.", "ab", 2},
                 {"a\n(?m:^)b", "a\nb", 3},
                 {"(?m)a$", "a\nb", 1}});
+}
+
+TEST(RegexpSyntax, either_case_is_that_of_latin_1) {
+    expect_bytes({{"(?i)k", bytes_in("kK")},
+                  {"(?i)\\xe9", bytes_in("\xE9\xC9")},
+                  {"(?i)\xC9", bytes_in("\xE9\xC9")},
+                  {"(?i)\\xff", bytes_in("\xFF")},
+                  {"(?i)\\xb5", bytes_in("\xB5")},
+                  {"(?i)\\xdf", bytes_in("\xDF")}});
 }
 
 TEST(RegexpSyntax, flags_change_what_follows_or_a_group) {
