@@ -27,5 +27,10 @@ void mistakes() {
     Lexer copy(lexer);  // two owners of each pattern
 #elif CASE == 8
     throw lvx::runtime_error("by value, not by literal", 1);
+#elif CASE == 9
+    TRegexp expression("a");
+    TRegexp copy(expression);  // two owners of one program
+#elif CASE == 10
+    TRegexp expression = "a";  // a text is compiled on purpose only
 #endif
 }
