@@ -16,5 +16,8 @@ write_basic_package_version_file(${CMAKE_BINARY_DIR}/lvxConfigVersion.cmake COMP
 install(FILES ${CMAKE_BINARY_DIR}/lvxConfig.cmake ${CMAKE_BINARY_DIR}/lvxConfigVersion.cmake
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/lvx)
 
+# Relative, so that it holds wherever the files are installed to in the end.
+file(RELATIVE_PATH LVX_PREFIX_FROM_PKGCONFIG
+  ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 configure_file(${CMAKE_CURRENT_LIST_DIR}/lvx.pc.in ${CMAKE_BINARY_DIR}/lvx.pc @ONLY)
 install(FILES ${CMAKE_BINARY_DIR}/lvx.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

@@ -3,7 +3,8 @@
 //
 //     byte 0      bits 0 to 6: how many patterns, at most 8   bit 7: the bytes are the patterns; if not,
 //                 they choose what patterns are made of
-//     a pattern   its priority, its token, and a length and bytes; or bytes that choose its parts
+//     a pattern   its priority, its token, how often it repeats itself, and a length and bytes; or bytes that
+//                 choose its parts
 //     the rest    the text; or bytes that choose its characters
 #include <cstdint>
 #include <memory>
@@ -21,7 +22,9 @@ namespace {
 using namespace lvx_fuzz;
 
 constexpr unsigned int most_patterns = 8;
-constexpr std::size_t longest_pattern = 60;
+constexpr std::size_t longest_pattern = 255;
+// Of all together, when they are repeated.
+constexpr std::size_t longest_patterns = 4096;
 constexpr std::size_t longest_text = 80;
 constexpr std::size_t most_memory = 64 * 1024 * 1024;
 
@@ -54,15 +57,27 @@ private:
     lvx_test::LexerOracle m_oracle;
 };
 
+// A few bytes, a number of times: what is too large, or nearly so, is long.
+std::string raw_pattern(Input& input, std::size_t longest) {
+    const std::size_t times = std::size_t{input.Byte()} + 1;
+    const std::string_view once = input.Short(longest_pattern);
+    std::string pattern;
+    for (std::size_t i = 0; i < times && pattern.size() + once.size() <= longest; ++i) {
+        pattern += once;
+    }
+    return pattern;
+}
+
 void run(Input& input) {
     lvx_test::PatternMaker maker([&input](unsigned int count) { return input.Byte() % count; });
     const unsigned int options = input.Byte();
     const bool is_raw = (options & 0x80) != 0;
     Lexers lexers;
-    for (unsigned int left = (options & 0x7F) % (most_patterns + 1); left > 0; --left) {
+    const unsigned int count = (options & 0x7F) % (most_patterns + 1);
+    for (unsigned int left = count; left > 0; --left) {
         const int priority = maker.Priority();
         const auto token = static_cast<unsigned short>(input.Byte() * 257);
-        lexers.Add(is_raw ? std::string(input.Short(longest_pattern)) : maker.Pattern(), token, priority);
+        lexers.Add(is_raw ? raw_pattern(input, longest_patterns / count) : maker.Pattern(), token, priority);
         if (left == 2) {
             lexers.Compare("ab", 0);
         }

@@ -5,8 +5,15 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "owl/pattern_size.h"
+
 namespace {
 
+// The worst of this size compile in some tenths of a second and 7 MiB: chains of optional parts, of which
+// each group of a thousand takes time by all that follow, and properties whose letters are of either case.
+constexpr std::size_t largest_pattern = 20'000;
+// Of the program and of the table that it fills while it searches. With less, patterns that are large and
+// good would have no table, which is slow.
 constexpr std::int64_t most_memory = 8 * 1024 * 1024;
 // A position and a length up to here can be told, and neither looks like `not_found`.
 constexpr std::size_t longest_text = TRegexp::not_found - 1;
@@ -29,6 +36,14 @@ std::string_view without_anchors(std::string_view pattern) {
     return pattern;
 }
 
+// RE2 has limits too, but comes to them after much time and memory.
+const char* refusal(std::string_view pattern) {
+    if (pattern.size() > TRegexp::longest_pattern) {
+        return "the pattern is too long";
+    }
+    return owl::pattern_size(without_anchors(pattern)) > largest_pattern ? "the pattern is too large" : "";
+}
+
 }  // namespace
 
 class TRegexp::Program {
@@ -37,8 +52,8 @@ public:
 
     explicit Program(std::string_view pattern)
         : m_anchor(pattern.substr(0, 1) == "^" ? RE2::ANCHOR_START : RE2::UNANCHORED) {
-        if (pattern.size() > longest_pattern) {
-            m_error = "the pattern is too long";
+        m_error = refusal(pattern);
+        if (!m_error.empty()) {
             return;
         }
         m_expression = std::make_unique<RE2>(piece(without_anchors(pattern)), options());

@@ -1,10 +1,10 @@
 // owl/regexp.h
 //
-// A regular expression over bytes. It takes time in proportion to the text whatever the pattern, and has no
-// limit on the length of a match. Among the matches that begin first it finds the longest: "a|ab" takes the
-// whole of "ab". docs/patterns.md has the syntax with examples. Constant operations may run on several
-// threads at once. Does not: know encodings (a pattern and a text are bytes, "." is any byte but a line
-// feed), tell where groups lie, print anything about a bad pattern.
+// A regular expression over bytes. A search takes time in proportion to the text, at worst times the size of
+// the pattern, and never more; a match may have any length. Among the matches that begin first it finds the
+// longest: "a|ab" takes the whole of "ab". docs/patterns.md has the syntax with examples. Constant operations
+// may run on several threads at once. Does not: know encodings (a pattern and a text are bytes, "." is any
+// byte but a line feed), tell where groups lie, print anything about a bad pattern.
 #pragma once
 
 #include <memory>
@@ -19,13 +19,16 @@ public:
         /// What find() returns when nothing matches: all bits set.
         not_found = ~0u,
         /// Bytes of the longest pattern that is compiled.
-        longest_pattern = 65535
+        longest_pattern = 16384
     };
 
     /// Compiles `pattern`, which may be deleted afterwards. Each "^" at its very start anchors all of it,
     /// alternatives too, at the position where a search starts: "^a|b" finds no b further right. A pattern
-    /// that is null, against the syntax, longer than `longest_pattern` or in need of more than 8 MiB is bad:
-    /// the object exists, never matches, and tells why in error().
+    /// that is null, against the syntax, longer than `longest_pattern` or too large is bad: the object
+    /// exists, never matches, and tells why in error(). Too large is what its counted repetitions, written
+    /// out, make of some ten thousand bytes and optional parts or more, such as "(a{1000}){1000}";
+    /// docs/patterns.md has the count. The worst pattern that is not takes some tenths of a second to
+    /// compile; with its searches it holds some ten MiB. Throws std::bad_alloc.
     explicit TRegexp(const char* pattern);
     /// Likewise of a pattern that may hold NULs. They are ordinary bytes.
     explicit TRegexp(std::string_view pattern);

@@ -2,7 +2,7 @@
 //
 // Which folders the drive letters of paths stand for, where the system has no drives. C: is the root of all
 // until it is mapped elsewhere; the other letters stand for nothing. Windows has drives of its own: there
-// these calls change nothing and return false.
+// map_drive and unmap_drive change nothing and return false.
 //
 // A host maps its drives at its start. The calls may come from any thread; a path that another thread is
 // asking about at that moment goes by the old drives or by the new ones.
@@ -25,5 +25,10 @@ LVX_EXPORT bool map_drive(char letter, const std::string& folder);
 
 /// Lets `letter` stand for nothing. False if it already did.
 LVX_EXPORT bool unmap_drive(char letter);
+
+/// What the system itself calls `path`: "/mnt/disk/a.drw" for "D:\a.drw", and a relative path for one. For
+/// all that takes the name of a file as the system knows it: stores, pictures, std::fstream. Empty if `path`
+/// is empty, holds a NUL, or has a drive that is not there. On Windows the path as it stands.
+LVX_EXPORT std::string system_path(const std::string& path);
 
 }  // namespace lvx

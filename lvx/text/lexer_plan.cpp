@@ -10,8 +10,9 @@ namespace {
 
 // Of a machine. A pattern takes about as many steps as it has bytes, times its counted repetitions.
 constexpr std::size_t most_steps = 20'000;
-// For all tables, those that came to nothing too.
+// For all tables, those that came to nothing too, and for each of them.
 constexpr std::size_t most_work = 32'000'000;
+constexpr std::size_t most_work_on_one = 4'000'000;
 // A position and a length can be told up to here.
 constexpr std::size_t longest_text = std::numeric_limits<unsigned int>::max() - 1;
 // Wins with no match.
@@ -63,8 +64,8 @@ LexerPlan::LexerPlan(const std::vector<Lexer::LexPair*>& pairs) {
             m_singles.push_back(member);
         }
     }
-    std::size_t work = most_work;
-    MakeGroups(parsed.data(), parsed.size(), work);
+    Budget budget(most_work);
+    MakeGroups(parsed, budget);
     // What a higher priority has won, the lower need not try.
     std::stable_sort(m_singles.begin(), m_singles.end(),
                      [](const Member& left, const Member& right) { return left.priority > right.priority; });
@@ -72,35 +73,31 @@ LexerPlan::LexerPlan(const std::vector<Lexer::LexPair*>& pairs) {
 }
 
 // What is too much for one table is divided, down to patterns that are too much by themselves.
-void LexerPlan::MakeGroups(const Parsed* first, std::size_t count, std::size_t& work) {
-    if (count == 0 || MakeGroup(first, count, work)) {
+void LexerPlan::MakeGroups(std::span<const Parsed> patterns, Budget& budget) {
+    if (patterns.empty() || MakeGroup(patterns, budget)) {
         return;
     }
-    if (count == 1) {
-        m_singles.push_back(first->member);
+    if (patterns.size() == 1) {
+        m_singles.push_back(patterns.front().member);
         return;
     }
-    MakeGroups(first, count / 2, work);
-    MakeGroups(first + count / 2, count - count / 2, work);
+    MakeGroups(patterns.first(patterns.size() / 2), budget);
+    MakeGroups(patterns.subspan(patterns.size() / 2), budget);
 }
 
-bool LexerPlan::MakeGroup(const Parsed* first, std::size_t count, std::size_t& work) {
-    PatternMachine machine(std::min(most_steps, work));
+bool LexerPlan::MakeGroup(std::span<const Parsed> patterns, Budget& whole) {
+    Budget budget(most_work_on_one, &whole);
+    PatternMachine machine(most_steps, budget);
     std::vector<PatternRule> rules;
     std::vector<Member> members;
-    for (const Parsed* parsed = first; parsed != first + count; ++parsed) {
-        if (!machine.Add(parsed->tree)) {
-            work -= std::min(work, machine.Steps().size());
+    for (const Parsed& parsed : patterns) {
+        if (!machine.Add(parsed.tree)) {
             return false;
         }
-        rules.push_back({parsed->member.priority, parsed->member.order});
-        members.push_back(parsed->member);
+        rules.push_back({parsed.member.priority, parsed.member.order});
+        members.push_back(parsed.member);
     }
-    PatternLimits limits;
-    limits.work = std::min(limits.work, work);
-    const std::size_t given = limits.work;
-    const std::optional<PatternStates> states = PatternStates::Make(machine, rules, limits);
-    work -= given - limits.work;
+    const std::optional<PatternStates> states = PatternStates::Make(machine, rules, {}, budget);
     if (!states) {
         return false;
     }

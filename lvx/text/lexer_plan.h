@@ -8,9 +8,11 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string_view>
 #include <vector>
 
+#include "lvx/text/budget.h"
 #include "lvx/text/lexer.h"
 #include "lvx/text/pattern_automaton.h"
 
@@ -56,9 +58,9 @@ private:
     // The best match so far.
     class Best;
 
-    void MakeGroups(const Parsed* first, std::size_t count, std::size_t& work);
+    void MakeGroups(std::span<const Parsed> patterns, Budget& budget);
+    bool MakeGroup(std::span<const Parsed> patterns, Budget& budget);
     Win FindBest(std::string_view text, unsigned int start) const;
-    bool MakeGroup(const Parsed* first, std::size_t count, std::size_t& work);
 
     std::vector<Group> m_groups;
     std::vector<Member> m_singles;

@@ -154,20 +154,30 @@ PatternAutomaton::PatternAutomaton(const PatternStates& states) {
     }
 }
 
-// The bytes once more, remembering.
-PatternAutomaton::Match PatternAutomaton::FindEarlier(std::string_view text) const {
+// The bytes once more, remembering. A run that is a match is one up to its last byte.
+template <class Cell>
+PatternAutomaton::Match PatternAutomaton::FindEarlier(const Cell* table, std::string_view text) const {
     Match match;
+    const char* place = text.data();
+    const char* const end = place + text.size();
     std::size_t state = m_start;
-    for (std::size_t place = 0;; ++place) {
-        const std::size_t won = At(state + m_columns + Pattern);
+    for (;;) {
+        const std::size_t won = table[state + m_columns + Pattern];
         if (won != 0) {
-            match = {static_cast<std::uint32_t>(won - 1), place};
+            match = {static_cast<std::uint32_t>(won - 1), static_cast<std::size_t>(place - text.data())};
         }
-        if (place == text.size()) {
+        if (place == end) {
             return match;
         }
-        state = At(state + m_class_of[AsByte(text[place])]);
+        state = table[state + m_class_of[AsByte(*place)]];
+        ++place;
+        if (IsRun(state)) {
+            place = GoThrough(table[state + m_columns + Run], place, end);
+        }
     }
 }
+
+template PatternAutomaton::Match PatternAutomaton::FindEarlier(const std::uint16_t*, std::string_view) const;
+template PatternAutomaton::Match PatternAutomaton::FindEarlier(const std::uint32_t*, std::string_view) const;
 
 }  // namespace lvx::text

@@ -1,9 +1,11 @@
 // lvx/text/pattern_automaton.h
 //
 // Several patterns as one table with a row for each state and a column for each class of bytes: it finds the
-// winning match by looking once at each byte of it. Constant operations may run on several threads at once.
+// winning match by looking once at each byte that may be part of one, and once more where a longer match was
+// begun in vain. Constant operations may run on several threads at once.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -38,9 +40,8 @@ private:
     enum Trailer : std::size_t {
         // The winning pattern plus 1, or 0.
         Pattern,
-        // Of a run: in the low byte the bit of m_stays that the bytes have which leave the state as it is; 0
-        // if that
-        // are all but one, which is in the high byte.
+        // Of a run: in the low byte the bit of m_stays that the bytes have which leave the state as it is. If
+        // all bytes but one leave it, that bit is 0, and the one is in the high byte.
         Run,
         trailers
     };
@@ -73,15 +74,25 @@ private:
         const std::size_t won = table[state + m_columns + Pattern];
         const auto length = static_cast<std::size_t>(place - text.data());
         return won != 0 ? Match{static_cast<std::uint32_t>(won - 1), length}
-                        : FindEarlier(text.substr(0, length));
+                        : FindEarlier(table, text.substr(0, length));
+    }
+
+    // The byte's first place, or the end. A call costs more than a look at the first few.
+    static const char* FindByte(std::uint8_t byte, const char* place, const char* end) {
+        for (const char* const near = place + std::min<std::ptrdiff_t>(4, end - place); place != near;
+             ++place) {
+            if (AsByte(*place) == byte) {
+                return place;
+            }
+        }
+        const void* const found = std::memchr(place, byte, static_cast<std::size_t>(end - place));
+        return found != nullptr ? static_cast<const char*>(found) : end;
     }
 
     const char* GoThrough(std::size_t run, const char* place, const char* end) const {
         const std::size_t bit = run & 0xFF;
         if (bit == 0) {
-            const void* const exit =
-                std::memchr(place, static_cast<int>(run >> 8), static_cast<std::size_t>(end - place));
-            return exit != nullptr ? static_cast<const char*>(exit) : end;
+            return FindByte(static_cast<std::uint8_t>(run >> 8), place, end);
         }
         while (place != end && (m_stays[AsByte(*place)] & bit) != 0) {
             ++place;
@@ -89,10 +100,11 @@ private:
         return place;
     }
 
-    std::size_t At(std::size_t place) const { return m_wide.empty() ? m_narrow[place] : m_wide[place]; }
+    bool IsRun(std::size_t state) const { return m_last_end < state && state <= m_last_run; }
 
-    // The last match of a text whose end is none.
-    Match FindEarlier(std::string_view text) const;
+    // The last match of a text whose end is none and that does not lead to the dead state.
+    template <class Cell>
+    Match FindEarlier(const Cell* table, std::string_view text) const;
 
     std::array<std::uint8_t, 256> m_class_of{};
     // By byte: a bit for each of the runs that it leaves as it is.

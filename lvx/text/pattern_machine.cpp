@@ -1,35 +1,36 @@
 #include "lvx/text/pattern_machine.h"
 
-#include <algorithm>
-
 namespace lvx::text {
 
 bool PatternMachine::Add(const PatternTree& tree) {
     const Place end = AddStep({Step::End, 0, 0, 0, 0});
     const Place start = AddNode(tree, tree.root, end);
     m_starts.push_back(start);
-    return m_work <= m_most_steps && m_steps.size() <= m_most_steps;
+    return !IsFull();
 }
 
 PatternMachine::Place PatternMachine::AddStep(const Step& step) {
+    m_budget.Spend(1);
     m_steps.push_back(step);
     m_steps.back().pattern = static_cast<std::uint32_t>(m_starts.size());
     return static_cast<Place>(m_steps.size() - 1);
 }
 
 std::uint32_t PatternMachine::AddSet(const ByteSet& set) {
-    const auto found = std::find(m_sets.begin(), m_sets.end(), set);
-    const auto place = static_cast<std::uint32_t>(found - m_sets.begin());
-    if (found == m_sets.end()) {
+    const auto [found, is_new] = m_set_places.try_emplace(set, static_cast<std::uint32_t>(m_sets.size()));
+    if (is_new) {
         m_sets.push_back(set);
+        m_budget.Spend(price_of_set);
     }
-    return place;
+    return found->second;
 }
 
 // Adds what matches the node and goes to `next`; from the end to the start, so that `next` is always known.
 PatternMachine::Place PatternMachine::AddNode(const PatternTree& tree, std::size_t place, Place next) {
     const PatternNode& node = tree.nodes[place];
-    if (++m_work > m_most_steps || m_steps.size() > m_most_steps) {
+    // Empty repetitions take time and no steps.
+    m_budget.Spend(1);
+    if (IsFull()) {
         return next;
     }
     switch (node.kind) {

@@ -6,8 +6,10 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <unordered_map>
 #include <vector>
 
+#include "lvx/text/budget.h"
 #include "lvx/text/pattern_syntax.h"
 
 namespace lvx::text {
@@ -34,11 +36,16 @@ public:
         std::uint32_t pattern = 0;
     };
 
-    /// A machine that refuses what would need more than `most_steps`.
-    explicit PatternMachine(std::size_t most_steps) : m_most_steps(most_steps) {}
+    /// A machine that refuses what would need more than `most_steps`, or more than `budget`, which has to
+    /// live as long: 1 for each part of a pattern that is gone through and each step, `price_of_set` for each
+    /// set.
+    PatternMachine(std::size_t most_steps, Budget& budget) : m_most_steps(most_steps), m_budget(budget) {}
 
-    /// Adds a pattern, which gets the next number, from 0 on. False if it needs too many steps; the machine
-    /// is then of no further use.
+    /// What a set costs, the classes of bytes that are made of it included.
+    static constexpr std::size_t price_of_set = 512;
+
+    /// Adds a pattern, which gets the next number, from 0 on. False if it needs too much; the machine is then
+    /// of no further use.
     bool Add(const PatternTree& tree);
 
     const std::vector<Step>& Steps() const { return m_steps; }
@@ -49,15 +56,17 @@ public:
 private:
     Place AddStep(const Step& step);
     std::uint32_t AddSet(const ByteSet& set);
+    bool IsFull() const { return m_steps.size() > m_most_steps || m_budget.IsSpent(); }
     Place AddNode(const PatternTree& tree, std::size_t node, Place next);
     Place AddRepeat(const PatternTree& tree, const PatternNode& node, Place next);
 
     std::vector<Step> m_steps;
     std::vector<Place> m_starts;
     std::vector<ByteSet> m_sets;
+    // Their places by what they are.
+    std::unordered_map<ByteSet, std::uint32_t> m_set_places;
     std::size_t m_most_steps;
-    // Nodes of trees that were gone through: empty repetitions take time and no steps.
-    std::size_t m_work = 0;
+    Budget& m_budget;
 };
 
 }  // namespace lvx::text

@@ -38,11 +38,12 @@ void ByteClasses::Divide(const ByteSet& set) {
 class PatternStatesMaker {
 public:
     PatternStatesMaker(const PatternMachine& machine, const std::vector<PatternRule>& rules,
-                       PatternLimits& limits)
+                       const PatternLimits& limits, Budget& budget)
         : m_steps(machine.Steps()),
           m_sets(machine.Sets()),
           m_rules(rules),
           m_limits(limits),
+          m_budget(budget),
           m_made(machine.Sets()),
           m_seen(machine.Steps().size(), 0) {}
 
@@ -77,17 +78,15 @@ private:
     std::size_t Classes() const { return m_made.m_classes.examples.size(); }
 
     bool IsBeyondLimits() const {
-        return m_limits.work == 0 || m_keys.size() > m_limits.states ||
+        return m_budget.IsSpent() || m_keys.size() > m_limits.states ||
                m_keys.size() * Classes() > m_limits.cells;
     }
-
-    void Spend(std::size_t work) { m_limits.work -= std::min(work, m_limits.work); }
 
     void Expand(std::size_t state) {
         std::vector<std::uint32_t> next;
         next.reserve(Classes());
         for (const std::uint8_t example : m_made.m_classes.examples) {
-            next.push_back(m_limits.work > 0 ? Follow(*m_keys[state], example) : PatternStates::dead);
+            next.push_back(m_budget.IsSpent() ? PatternStates::dead : Follow(*m_keys[state], example));
         }
         m_made.m_states[state].next = std::move(next);
     }
@@ -99,7 +98,7 @@ private:
                 m_targets.push_back(m_steps[place].next);
             }
         }
-        Spend(key.steps.size());
+        m_budget.Spend(key.steps.size());
         return m_targets.empty() ? PatternStates::dead : FindState(false);
     }
 
@@ -128,7 +127,7 @@ private:
             if (std::exchange(m_seen[place], m_round) == m_round) {
                 continue;
             }
-            Spend(1);
+            m_budget.Spend(1);
             Enter(place, key, is_start);
         }
     }
@@ -173,7 +172,8 @@ private:
     const std::vector<PatternMachine::Step>& m_steps;
     const std::vector<ByteSet>& m_sets;
     const std::vector<PatternRule>& m_rules;
-    PatternLimits& m_limits;
+    const PatternLimits& m_limits;
+    Budget& m_budget;
     PatternStates m_made;
     // The states by what they are, and back.
     std::map<Key, std::uint32_t> m_numbers;
@@ -186,8 +186,8 @@ private:
 
 std::optional<PatternStates> PatternStates::Make(const PatternMachine& machine,
                                                  const std::vector<PatternRule>& rules,
-                                                 PatternLimits& limits) {
-    return PatternStatesMaker(machine, rules, limits).Make(machine.Starts());
+                                                 const PatternLimits& limits, Budget& budget) {
+    return PatternStatesMaker(machine, rules, limits, budget).Make(machine.Starts());
 }
 
 }  // namespace lvx::text

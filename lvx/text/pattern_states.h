@@ -10,6 +10,7 @@
 #include <optional>
 #include <vector>
 
+#include "lvx/text/budget.h"
 #include "lvx/text/pattern_machine.h"
 
 namespace lvx::text {
@@ -22,12 +23,10 @@ struct PatternRule {
     std::uint32_t order = 0;
 };
 
-/// How much may be spent.
+/// How large a table may become.
 struct PatternLimits {
     std::size_t states = 4096;
     std::size_t cells = 1024 * 1024;
-    /// Steps of the machine looked at, over all states and classes.
-    std::size_t work = 4'000'000;
 };
 
 /// Classes of bytes that no set tells apart.
@@ -58,9 +57,11 @@ public:
     };
 
     /// The states of the patterns of `machine`, of which `rules` has one each, or nothing if they are beyond
-    /// `limits`. What was spent is taken off `limits.work`.
+    /// `limits` or `budget`, which pays for each step of the machine that is looked at, over all states and
+    /// classes.
     static std::optional<PatternStates> Make(const PatternMachine& machine,
-                                             const std::vector<PatternRule>& rules, PatternLimits& limits);
+                                             const std::vector<PatternRule>& rules,
+                                             const PatternLimits& limits, Budget& budget);
 
     const ByteClasses& Classes() const { return m_classes; }
     const std::vector<State>& States() const { return m_states; }

@@ -1,4 +1,4 @@
-// A host's whole program: an object through a store and back, and a pattern out of the framework.
+// A host's whole program: an object through a store and back, a pattern out of the framework and a token.
 #include <lvx/lvx.h>
 #include <owl/regexp.h>
 
@@ -18,12 +18,19 @@ namespace {
 const ObjectFactoryInit factory;
 const bool registered = (ObjectFactory::Register("Host", ObjectFactory::CreateStorable<Host>), true);
 
-}  // namespace
-
 bool finds_pattern() {
     unsigned int length = 0;
     return TRegexp("o.t").find("Host", &length, 0) == 1 && length == 3;
 }
+
+bool finds_token() {
+    Lexer lexer;
+    lexer.addPattern("[a-z]+", 7, 0);
+    unsigned int length = 0;
+    return lexer.getToken("Host", 1, length) == 7 && length == 3;
+}
+
+}  // namespace
 
 int main() {
     std::stringstream bytes;
@@ -38,7 +45,7 @@ int main() {
     Storable* read = nullptr;
     reader >> read;
     const lvx::auto_ptr<Storable> owner(read);
-    const int value = finds_pattern() ? static_cast<Host*>(read)->m_value : 0;
+    const int value = finds_pattern() && finds_token() ? static_cast<Host*>(read)->m_value : 0;
     std::printf("%s %d\n", read->ClassName(), value);
     return value == 42 ? 0 : 1;
 }

@@ -31,5 +31,10 @@ void mistakes() {
     LVXAtom atom(std::string("topic"));
     if (!atom) {  // gives the atom up, and asks nothing
     }
+#elif CASE == 10
+    TRegexp expression("a");
+    TRegexp copy(expression);  // two owners of one program
+#elif CASE == 11
+    TRegexp expression = "a";  // a text is compiled on purpose only
 #endif
 }

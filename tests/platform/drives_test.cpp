@@ -4,8 +4,10 @@
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "lvx/files/path_string.h"
+#include "lvx/store/object_store_file.h"
 #include "platform/system.h"
 #include "support/bytes.h"
 #include "support/drive_folder.h"
@@ -32,6 +34,33 @@ TEST(Drives, what_cannot_be_mapped_changes_nothing) {
     EXPECT_FALSE(lvx::map_drive('C', folder.File("missing")));
     EXPECT_TRUE(LVXPathString("C:\\").exists());
     EXPECT_FALSE(lvx::unmap_drive('1'));
+}
+
+// What was listed could not be opened: stores take the names that the system knows.
+TEST(Drives, a_listed_file_is_opened_by_the_name_that_the_system_has_for_it) {
+    const lvx_test::TempFolder folder;
+    const lvx_test::KeptDirectory kept;
+    std::filesystem::current_path(folder.Path());
+    lvx_test::write_file("stars.dat", "");
+    std::vector<std::string> found;
+    LVXPathString("stars.*").list(found, nullptr, true);
+    ASSERT_EQ(1U, found.size());
+    ObjectStoreFile store;
+    EXPECT_TRUE(store.OpenStream(lvx::system_path(found[0]).c_str(), ObjectStore::ForRead)) << found[0];
+}
+
+TEST(Drives, the_system_s_name_of_a_path_lies_in_the_folder_of_its_drive) {
+    if (lvx_test::on_windows) {
+        EXPECT_EQ("q:\\a\\b.c", lvx::system_path("q:\\a\\b.c"));
+    } else {
+        const lvx_test::TempFolder folder;
+        lvx::map_drive('Q', folder.Path());
+        EXPECT_EQ(folder.File("a/b.c"), lvx::system_path("q:\\a\\b.c"));
+        lvx::unmap_drive('Q');
+        EXPECT_EQ("", lvx::system_path("q:\\a\\b.c"));
+    }
+    EXPECT_EQ("", lvx::system_path(""));
+    EXPECT_EQ("", lvx::system_path(std::string("a\0b", 3)));
 }
 
 // The answer was once put together from the drive of one moment and its folder of another.

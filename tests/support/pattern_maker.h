@@ -15,8 +15,9 @@ public:
     explicit PatternMaker(std::function<unsigned int(unsigned int)> below) : m_below(std::move(below)) {}
 
     std::string Pattern() {
-        static constexpr const char* odd[] = {"^",   "^^",      "^+",    "*",      "(",
-                                              "a|*", "b{2}{2}", "[b-a]", "(?i)aB", "\\bab\\b"};
+        static constexpr const char* odd[] = {"^",   "^^",      "^+",      "*",      "(",
+                                              "a|*", "b{2}{2}", "[b-a]",   "(?i)aB", "\\bab\\b",
+                                              "b{2", "b{2,",    "b{1001}", "[[:x",   "[a-b-c]"};
         switch (m_below(24)) {
             case 0:
                 return odd[m_below(std::size(odd))];
@@ -71,9 +72,9 @@ private:
 
     std::string Atom(int depth) {
         static constexpr const char* sets[] = {
-            ".",     "\\d",         "\\D",          "\\w",     "\\s",    "\\S",
-            "[ab]",  "[^ab]",       "[a-c0-]",      "[]a]",    "[^]b-]", "[[:alpha:]-]",
-            "\\x61", "[\\x30-\\d]", "[[:^space:]]", "[^\\D1]", "\\-",    "\\W"};
+            ".",       "\\d",  "\\D",    "\\w",          "\\s",   "\\S",          "[ab]",         "[^ab]",
+            "[a-c0-]", "[]a]", "[^]b-]", "[[:alpha:]-]", "\\x61", "[\\x30-\\d]",  "[[:^space:]]", "[^\\D1]",
+            "\\-",     "\\W",  "[--a]",  "[a\\-z]",      "\xE9",  "[^\xE0-\xFF]", "\\a",          "[\\f\\v]"};
         // What only TRegexp understands.
         static constexpr const char* foreign[] = {"$",    "^",      "\\b",      "\\B",
                                                   "\\pL", "(?i:b)", "\\Qa+\\E", "\\z"};
@@ -88,6 +89,9 @@ private:
             case 5:
                 return sets[m_below(std::size(sets))];
             case 6:
+                if (m_below(16) == 0) {
+                    return std::string(1, '\0');
+                }
                 return m_below(4) == 0 ? foreign[m_below(std::size(foreign))] : "c";
             default:
                 return std::string(1, Letter());

@@ -47,6 +47,17 @@ std::string remembering(const std::string& letter, int bytes) {
     return "[a-d]*" + letter + "[a-d]{" + std::to_string(bytes - 1) + "}";
 }
 
+// As many sets as a pattern has room for, each another one.
+std::string distinct_sets(int first) {
+    std::string pattern(1, static_cast<char>('a' + first % 26));
+    for (int i = first; pattern.size() + 4 < TRegexp::longest_pattern; ++i) {
+        const char set[] = {'[', static_cast<char>(0x80 + i % 127), static_cast<char>(0x80 + i / 127 % 127),
+                            ']'};
+        pattern.append(set, 4);
+    }
+    return pattern;
+}
+
 }  // namespace
 
 TEST(LexerPlan, puts_simple_patterns_into_one_table) {
@@ -110,6 +121,17 @@ TEST(LexerPlan, spends_no_more_on_many_large_patterns_than_is_its_due) {
     }
     EXPECT_EQ(60u, planned.Make().Singles());
     planned.Compare("abba");
+}
+
+// Took twelve seconds when sets were looked for one by one and nothing was charged for them.
+TEST(LexerPlan, spends_no_more_on_many_sets_than_is_its_due) {
+    Planned planned;
+    for (int i = 0; i < 64; ++i) {
+        planned.Add(distinct_sets(i));
+    }
+    planned.Add("[a-z]+");
+    EXPECT_EQ(64u + 1u, planned.Make().Singles());
+    planned.Compare("a\x80~");
 }
 
 TEST(LexerPlan, takes_hundreds_of_keywords_in_one_table) {

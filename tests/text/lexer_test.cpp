@@ -209,6 +209,21 @@ TEST(Lexer, goes_back_to_the_last_match_when_more_was_begun_in_vain) {
     EXPECT_EQ((Token{4, 12}), token_at(lexer, "/*  ends **/ x */"));
 }
 
+TEST(Lexer, takes_an_unclosed_comment_for_one_token_by_a_pattern_of_its_own) {
+    const LexerWith lexer{{"/", 1, 0},
+                          {"/\\*([^*]|\\*+[^*/])*\\*+/", 2, 0},
+                          {"/\\*([^*]|\\*+[^*/])*\\**", 3, 0},
+                          {"\"([^\"\\\\\n]|\\\\.)*\"", 4, 0},
+                          {"\"([^\"\\\\\n]|\\\\.)*", 5, 0}};
+    EXPECT_EQ((Token{2, 8}), token_at(lexer, "/* a/**/ */"));
+    EXPECT_EQ((Token{2, 8}), token_at(lexer, "/* a **/ */"));
+    EXPECT_EQ((Token{3, 8}), token_at(lexer, "/* a /**"));
+    EXPECT_EQ((Token{3, 2}), token_at(lexer, "/*"));
+    EXPECT_EQ((Token{1, 1}), token_at(lexer, "/ *"));
+    EXPECT_EQ((Token{4, 6}), token_at(lexer, "\"a\\\"b\";\""));
+    EXPECT_EQ((Token{5, 5}), token_at(lexer, "\"a\\\"b\n\""));
+}
+
 TEST(Lexer, takes_long_tokens) {
     const LexerWith lexer{{"\"([^\"\\\\]|\\\\.)*\"", 1, 0}, {"[a-z]+", 2, 0}, {"(ab|c)*\n", 3, 0}};
     const std::string quoted = "\"" + std::string(100000, 'x') + "\\\"" + std::string(100000, '-') + "\"";

@@ -6,6 +6,7 @@
 
 namespace {
 
+using lvx::text::Budget;
 using lvx::text::parse_pattern;
 using lvx::text::PatternAutomaton;
 using lvx::text::PatternLimits;
@@ -14,14 +15,15 @@ using lvx::text::PatternRule;
 using lvx::text::PatternStates;
 
 PatternAutomaton make(const std::vector<std::string>& patterns) {
-    PatternMachine machine(100'000);
+    Budget budget(100'000'000);
+    PatternMachine machine(100'000, budget);
     std::vector<PatternRule> rules;
     for (const std::string& pattern : patterns) {
         EXPECT_TRUE(machine.Add(*parse_pattern(pattern)));
         rules.push_back({0, static_cast<std::uint32_t>(rules.size())});
     }
-    PatternLimits limits{20'000, 4'000'000, 100'000'000};
-    return PatternAutomaton(*PatternStates::Make(machine, rules, limits));
+    const PatternLimits limits{20'000, 4'000'000};
+    return PatternAutomaton(*PatternStates::Make(machine, rules, limits, budget));
 }
 
 // "pattern:length", or "none".
@@ -53,6 +55,37 @@ TEST(PatternAutomaton, goes_back_to_the_last_match) {
     EXPECT_EQ("2:0", find(automaton, "-"));
     EXPECT_EQ("3:1", find(automaton, "a" + std::string(1000, 'c')));
     EXPECT_EQ("3:1002", find(automaton, "a" + std::string(1000, 'c') + "bb"));
+}
+
+TEST(PatternAutomaton, goes_back_to_a_match_before_in_or_behind_a_run) {
+    // The run is a match up to its last byte, in the first; in the others no match at all.
+    const PatternAutomaton automaton =
+        make({"a[^b]*", "a[^b]*bbb", "c[x-z]*d?", "c[x-z]*dd[0-9]*e", "f", "f[^g]*gg"});
+    EXPECT_EQ("0:4", find(automaton, "axyz"));
+    EXPECT_EQ("0:4", find(automaton, "axyzb"));
+    EXPECT_EQ("0:4", find(automaton, "axyzbb-"));
+    EXPECT_EQ("1:7", find(automaton, "axyzbbb"));
+    EXPECT_EQ("2:1", find(automaton, "c"));
+    EXPECT_EQ("2:4", find(automaton, "cxyd"));
+    EXPECT_EQ("2:4", find(automaton, "cxydd"));
+    EXPECT_EQ("2:4", find(automaton, "cxydd123"));
+    EXPECT_EQ("3:9", find(automaton, "cxydd123e"));
+    EXPECT_EQ("4:1", find(automaton, "f"));
+    EXPECT_EQ("4:1", find(automaton, "f12345678901"));
+    EXPECT_EQ("4:1", find(automaton, "f12345678901g"));
+    EXPECT_EQ("5:14", find(automaton, "f12345678901gg"));
+}
+
+// The byte that ends the run is at each of the first places, and further on, and nowhere.
+TEST(PatternAutomaton, sees_the_end_of_a_run_wherever_it_is) {
+    const PatternAutomaton automaton = make({"a[^b]*", "c", "c[^d]*d"});
+    for (std::size_t length = 0; length < 40; ++length) {
+        const std::string run(length, 'x');
+        EXPECT_EQ("0:" + std::to_string(length + 1), find(automaton, "a" + run + "bbb"));
+        EXPECT_EQ("0:" + std::to_string(length + 1), find(automaton, "a" + run));
+        EXPECT_EQ("2:" + std::to_string(length + 2), find(automaton, "c" + run + "ddd"));
+        EXPECT_EQ("1:1", find(automaton, "c" + run));
+    }
 }
 
 TEST(PatternAutomaton, ends_where_nothing_leads_further) {

@@ -7,6 +7,7 @@
 
 namespace {
 
+using lvx::text::Budget;
 using lvx::text::parse_pattern;
 using lvx::text::PatternMachine;
 
@@ -62,7 +63,8 @@ private:
 
 // The lengths of all matches at the start of the text, such as "0 2 3".
 std::string lengths(const std::string& pattern, const std::string& text) {
-    PatternMachine machine(10000);
+    Budget budget(1'000'000);
+    PatternMachine machine(10000, budget);
     EXPECT_TRUE(machine.Add(*parse_pattern(pattern)));
     Walk walk(machine);
     std::string found;
@@ -76,7 +78,8 @@ std::string lengths(const std::string& pattern, const std::string& text) {
 }
 
 bool fits(const std::string& pattern, std::size_t most_steps) {
-    return PatternMachine(most_steps).Add(*parse_pattern(pattern));
+    Budget budget(1'000'000);
+    return PatternMachine(most_steps, budget).Add(*parse_pattern(pattern));
 }
 
 }  // namespace
@@ -108,7 +111,8 @@ TEST(PatternMachine, ends_with_repetitions_of_nothing) {
 }
 
 TEST(PatternMachine, tells_which_of_several_patterns_have_matched) {
-    PatternMachine machine(100);
+    Budget budget(10'000);
+    PatternMachine machine(100, budget);
     EXPECT_TRUE(machine.Add(*parse_pattern("ab")));
     EXPECT_TRUE(machine.Add(*parse_pattern("[a-z]*")));
     EXPECT_TRUE(machine.Add(*parse_pattern("abc")));
@@ -122,7 +126,8 @@ TEST(PatternMachine, tells_which_of_several_patterns_have_matched) {
 }
 
 TEST(PatternMachine, keeps_a_set_that_several_steps_take_once) {
-    PatternMachine machine(100);
+    Budget budget(10'000);
+    PatternMachine machine(100, budget);
     machine.Add(*parse_pattern("[ab]a[ab]|\\x61[ba]"));
     EXPECT_EQ(2u, machine.Sets().size());
 }
@@ -134,4 +139,40 @@ TEST(PatternMachine, refuses_what_takes_too_many_steps) {
     EXPECT_FALSE(fits("(((){1000}){1000}){1000}", 20000));
     EXPECT_FALSE(fits("((((a?){0,1000}){0,1000}){0,1000}){0,1000}", 20000));
     EXPECT_FALSE(fits("a", 0));
+}
+
+TEST(PatternMachine, pays_for_parts_and_steps_and_sets) {
+    // A sequence, two repetitions and two sets; three bytes, a fork and the end.
+    Budget budget(10'000);
+    PatternMachine machine(100, budget);
+    EXPECT_TRUE(machine.Add(*parse_pattern("[ab]{2}c*")));
+    EXPECT_EQ(10'000u - 6 - 5 - 2 * PatternMachine::price_of_set, budget.Left());
+    EXPECT_TRUE(machine.Add(*parse_pattern("[ab]")));
+    EXPECT_EQ(10'000u - 7 - 7 - 2 * PatternMachine::price_of_set, budget.Left());
+}
+
+TEST(PatternMachine, refuses_what_its_budget_cannot_pay) {
+    Budget budget(3 * PatternMachine::price_of_set);
+    PatternMachine machine(100, budget);
+    EXPECT_TRUE(machine.Add(*parse_pattern("abaa")));
+    EXPECT_FALSE(machine.Add(*parse_pattern("c")));
+    EXPECT_TRUE(budget.IsSpent());
+    Budget other(1000);
+    PatternMachine empty(100, other);
+    EXPECT_FALSE(empty.Add(*parse_pattern("((){1000}){1000}")));
+}
+
+TEST(PatternMachine, knows_a_thousand_sets_apart) {
+    Budget budget(1'000'000);
+    PatternMachine machine(10'000, budget);
+    std::string pattern;
+    for (int i = 0; i < 1000; ++i) {
+        const char letters[] = {static_cast<char>(0x80 + i % 100), static_cast<char>('0' + i / 100)};
+        pattern += "[" + std::string(letters, 2) + "]";
+    }
+    EXPECT_TRUE(machine.Add(*parse_pattern(pattern + pattern)));
+    ASSERT_EQ(1000u, machine.Sets().size());
+    for (std::size_t i = 0; i < 1000; ++i) {
+        EXPECT_EQ(2u, machine.Sets()[i].count());
+    }
 }

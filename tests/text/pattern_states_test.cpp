@@ -6,6 +6,7 @@
 
 namespace {
 
+using lvx::text::Budget;
 using lvx::text::ByteClasses;
 using lvx::text::parse_pattern;
 using lvx::text::PatternLimits;
@@ -19,14 +20,17 @@ struct Pattern {
     int priority = 0;
 };
 
-std::optional<PatternStates> make(std::initializer_list<Pattern> patterns, PatternLimits limits = {}) {
-    PatternMachine machine(20000);
+std::optional<PatternStates> make(std::initializer_list<Pattern> patterns, const PatternLimits& limits = {},
+                                  std::size_t work = 4'000'000) {
+    Budget plenty(4'000'000);
+    PatternMachine machine(20000, plenty);
     std::vector<PatternRule> rules;
     for (const Pattern& pattern : patterns) {
         EXPECT_TRUE(machine.Add(*parse_pattern(pattern.pattern)));
         rules.push_back({pattern.priority, static_cast<std::uint32_t>(rules.size())});
     }
-    return PatternStates::Make(machine, rules, limits);
+    Budget budget(work);
+    return PatternStates::Make(machine, rules, limits, budget);
 }
 
 // Behind each byte of the text the pattern that has matched: a digit, "-" for none, "." in the dead state.
@@ -81,11 +85,11 @@ TEST(PatternStates, accept_what_the_patterns_match) {
 TEST(PatternStates, give_equal_matches_to_the_pattern_of_least_order) {
     EXPECT_EQ("-10", walk(*make({{"if"}, {"[a-z]+"}}), "if"));
     EXPECT_EQ("-00", walk(*make({{"[a-z]+"}, {"if"}}), "if"));
-    PatternMachine machine(100);
+    Budget budget(10'000);
+    PatternMachine machine(100, budget);
     machine.Add(*parse_pattern("a"));
     machine.Add(*parse_pattern("a"));
-    PatternLimits limits;
-    EXPECT_EQ("-1", walk(*PatternStates::Make(machine, {{0, 9}, {0, 4}}, limits), "a"));
+    EXPECT_EQ("-1", walk(*PatternStates::Make(machine, {{0, 9}, {0, 4}}, {}, budget), "a"));
 }
 
 TEST(PatternStates, end_patterns_of_lower_priority_once_a_higher_one_has_matched) {
@@ -112,20 +116,21 @@ TEST(PatternStates, of_no_patterns_are_the_dead_one_and_the_first) {
 TEST(PatternStates, are_none_beyond_a_limit) {
     const char* const many = "[ab]*a[ab]{9}";  // remembers which of the last ten were an a
     EXPECT_EQ(1u + 1024u, make({{many}})->States().size());
-    EXPECT_TRUE(make({{many}}, {1025, 100'000, 1'000'000}).has_value());
-    EXPECT_FALSE(make({{many}}, {1024, 100'000, 1'000'000}).has_value());
-    EXPECT_FALSE(make({{many}}, {2000, 1000, 1'000'000}).has_value());
-    EXPECT_FALSE(make({{many}}, {2000, 100'000, 1000}).has_value());
+    EXPECT_TRUE(make({{many}}, {1025, 100'000}).has_value());
+    EXPECT_FALSE(make({{many}}, {1024, 100'000}).has_value());
+    EXPECT_FALSE(make({{many}}, {2000, 1000}).has_value());
+    EXPECT_FALSE(make({{many}}, {2000, 100'000}, 1000).has_value());
     EXPECT_FALSE(make({{"[ab]*a[ab]{900}"}}).has_value());
 }
 
-TEST(PatternStates, tell_what_they_have_cost) {
-    PatternMachine machine(100);
+TEST(PatternStates, are_paid_by_the_steps_that_are_looked_at) {
+    Budget budget(10'000);
+    PatternMachine machine(100, budget);
     machine.Add(*parse_pattern("abc"));
-    PatternLimits limits;
-    EXPECT_TRUE(PatternStates::Make(machine, {{0, 0}}, limits).has_value());
-    EXPECT_LT(limits.work, PatternLimits().work);
-    EXPECT_GT(limits.work, PatternLimits().work - 200);
-    limits.work = 0;
-    EXPECT_FALSE(PatternStates::Make(machine, {{0, 0}}, limits).has_value());
+    const std::size_t before = budget.Left();
+    EXPECT_TRUE(PatternStates::Make(machine, {{0, 0}}, {}, budget).has_value());
+    EXPECT_LT(budget.Left(), before);
+    EXPECT_GT(budget.Left(), before - 200);
+    Budget nothing(0);
+    EXPECT_FALSE(PatternStates::Make(machine, {{0, 0}}, {}, nothing).has_value());
 }

@@ -6,6 +6,7 @@
 
 #include "lvx/platform/posix/allocated_text.h"
 #include "lvx/platform/posix/drive_table.h"
+#include "lvx/platform/posix/native_path.h"
 
 namespace lvx {
 
@@ -28,6 +29,10 @@ bool map_drive(char letter, const std::string& folder) {
 
 bool unmap_drive(char letter) {
     return platform::DriveTable::Process().Unmap(letter);
+}
+
+std::string system_path(const std::string& path) {
+    return path.find('\0') == std::string::npos ? platform::native_path(path).value_or("") : std::string();
 }
 
 }  // namespace lvx

@@ -10,4 +10,8 @@ bool unmap_drive(char) {
     return false;
 }
 
+std::string system_path(const std::string& path) {
+    return path.find('\0') == std::string::npos ? path : std::string();
+}
+
 }  // namespace lvx

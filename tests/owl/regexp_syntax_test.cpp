@@ -76,7 +76,7 @@ void expect_bytes(const std::vector<ByteCase>& cases) {
 
 }  // namespace
 
-TEST(PatternSyntax, ordinary_characters_stand_for_themselves) {
+TEST(RegexpSyntax, ordinary_characters_stand_for_themselves) {
     expect_all({{"cat", "cats", 3},
                 {"cat", "Cat", -1},
                 {"a b", "a b", 3},
@@ -87,7 +87,7 @@ TEST(PatternSyntax, ordinary_characters_stand_for_themselves) {
                 {"a{01}", "a{01}", 5}});
 }
 
-TEST(PatternSyntax, a_backslash_takes_the_meaning_from_punctuation) {
+TEST(RegexpSyntax, a_backslash_takes_the_meaning_from_punctuation) {
     expect_all(
         {{"\\.\\*\\+\\?\\(\\)\\[\\]\\{\\}\\|\\^\\$\\\\", ".*+?()[]{}|^$\\", 14}, {"1\\.5", "1x5", -1}});
     EXPECT_EQ(bytes_in("-"), bytes_of("\\-"));
@@ -96,7 +96,7 @@ TEST(PatternSyntax, a_backslash_takes_the_meaning_from_punctuation) {
     EXPECT_FALSE(TRegexp("\\\xE9").ok());
 }
 
-TEST(PatternSyntax, escapes_name_characters) {
+TEST(RegexpSyntax, escapes_name_characters) {
     expect_bytes({{"\\a", bytes_in("\a")},
                   {"\\f", bytes_in("\f")},
                   {"\\n", bytes_in("\n")},
@@ -107,11 +107,15 @@ TEST(PatternSyntax, escapes_name_characters) {
                   {"\\xfF", bytes_in("\xFF")},
                   {"\\x{e9}", bytes_in("\xE9")},
                   {"\\101", bytes_in("A")},
-                  {"\\0", bytes_in("\0"s)}});
-    EXPECT_FALSE(TRegexp("\\x{100}").ok());
+                  {"\\0", bytes_in("\0"s)},
+                  {"\\07", bytes_in("\a")},
+                  {"\\17", bytes_in("\x0F")}});
+    for (const char* const bad : {"\\x{100}", "\\1", "\\7", "\\8", "\\18"}) {
+        EXPECT_FALSE(TRegexp(bad).ok()) << bad;
+    }
 }
 
-TEST(PatternSyntax, escapes_name_sets) {
+TEST(RegexpSyntax, escapes_name_sets) {
     const std::string word = letters + digits + "_";
     expect_bytes({{"\\d", bytes_in(digits)},
                   {"\\D", ~bytes_in(digits)},
@@ -123,7 +127,7 @@ TEST(PatternSyntax, escapes_name_sets) {
                   {"\\C", ~std::bitset<256>()}});
 }
 
-TEST(PatternSyntax, brackets_list_a_set) {
+TEST(RegexpSyntax, brackets_list_a_set) {
     expect_bytes({{"[abc]", bytes_in("abc")},
                   {"[a-cx]", bytes_in("abcx")},
                   {"[^a-c]", ~bytes_in("abc")},
@@ -141,7 +145,7 @@ TEST(PatternSyntax, brackets_list_a_set) {
                   {"[^\\x00-\\xFF]", {}}});
 }
 
-TEST(PatternSyntax, brackets_know_named_sets) {
+TEST(RegexpSyntax, brackets_know_named_sets) {
     expect_bytes({{"[[:alpha:]]", bytes_in(letters)},
                   {"[[:alnum:]_]", bytes_in(letters + digits + "_")},
                   {"[[:ascii:]]", bytes_in(range('\0', '\x7F'))},
@@ -160,7 +164,7 @@ TEST(PatternSyntax, brackets_know_named_sets) {
                   {"[^[:digit:]]", ~bytes_in(digits)}});
 }
 
-TEST(PatternSyntax, repetitions_follow_what_they_repeat) {
+TEST(RegexpSyntax, repetitions_follow_what_they_repeat) {
     expect_all({{"ab*", "abbb", 4},
                 {"ab*", "ac", 1},
                 {"ab+", "ac", -1},
@@ -178,16 +182,17 @@ TEST(PatternSyntax, repetitions_follow_what_they_repeat) {
     EXPECT_FALSE(TRegexp("a*+").ok());
 }
 
-TEST(PatternSyntax, bars_part_alternatives_and_parentheses_hold_them_together) {
+TEST(RegexpSyntax, bars_part_alternatives_and_parentheses_hold_them_together) {
     expect_all({{"cat|dog", "dog", 3},
                 {"ca(t|r)s", "cars", 4},
                 {"ca(?:t|r)s", "cars", 4},
                 {"(?P<name>a)b", "ab", 2},
                 {"a(|b)c", "ac", 2},
                 {"|a", "a", 1}});
+    EXPECT_FALSE(TRegexp("(?<name>a)").ok());
 }
 
-TEST(PatternSyntax, some_constructs_match_places_and_no_characters) {
+TEST(RegexpSyntax, some_constructs_match_places_and_no_characters) {
     expect_all({{"a$", "a", 1},
                 {"a$", "a\n", -1},
                 {"a\\z", "a", 1},
@@ -198,7 +203,16 @@ TEST(PatternSyntax, some_constructs_match_places_and_no_characters) {
                 {"(?m)a$", "a\nb", 1}});
 }
 
-TEST(PatternSyntax, flags_change_what_follows_or_a_group) {
+TEST(RegexpSyntax, either_case_is_that_of_latin_1) {
+    expect_bytes({{"(?i)k", bytes_in("kK")},
+                  {"(?i)\\xe9", bytes_in("\xE9\xC9")},
+                  {"(?i)\xC9", bytes_in("\xE9\xC9")},
+                  {"(?i)\\xff", bytes_in("\xFF")},
+                  {"(?i)\\xb5", bytes_in("\xB5")},
+                  {"(?i)\\xdf", bytes_in("\xDF")}});
+}
+
+TEST(RegexpSyntax, flags_change_what_follows_or_a_group) {
     expect_all({{"(?i)select", "SeLect", 6},
                 {"(?i:a)b", "Ab", 2},
                 {"(?i:a)b", "AB", -1},
