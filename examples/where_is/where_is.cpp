@@ -1,6 +1,7 @@
 // Finds files along a search list, and takes their paths apart.
 //
 // usage: where_is PATTERN VARIABLE     looks in the current directory and in those of an environment variable
+//                                      and exits with 1 if nothing is found
 #include <iostream>
 #include <string>
 #include <vector>
@@ -37,10 +38,14 @@ int main(int argc, char** argv) {
     }
     std::vector<std::string> found;
     LVXPathString(argv[1]).list(found, argv[2], true);
+    if (found.empty()) {
+        std::cerr << "nothing found\n";
+        return 1;
+    }
     for (const LVXPathString path : found) {
         if (path.isFile()) {
             tell(path);
         }
     }
-    return found.empty() ? 1 : 0;
+    return 0;
 }

@@ -24,7 +24,8 @@ public:
 
     /// Adds `name`, up to its first NUL, to the table, or a reference to it if it is there in any letter
     /// case. A name of 1 to 255 characters; the atom is 0 for others, and when the table is full. "#" and a
-    /// number below 49152 is that number and takes no room. Throws nothing.
+    /// number below 49152 is that number and takes no room. Throws nothing; a null `const char*` in place of
+    /// the name is std::string's own error.
     LVXAtom(const std::string& name);
 
     LVXAtom(const LVXAtom&) = delete;

@@ -34,7 +34,8 @@ public:
     ///
     /// A NUL is a character like others, except that a quote that is not closed ends at it.
     ///
-    /// Throws MissingFunction and MissingOpenBracket.
+    /// Throws MissingFunction and MissingOpenBracket. A null `const char*` in place of the text is
+    /// std::string's own error.
     FunctionParser(const std::string& text);
     FunctionParser(const FunctionParser& other);
     /// If memory runs out, *this stays as it was.

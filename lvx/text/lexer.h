@@ -44,7 +44,8 @@ public:
     /// Adds a pattern behind the present ones. docs/patterns.md has the syntax; a "^" in front is always
     /// added, whether there is one or not. A bad pattern is added and never matches. With a priority below -1
     /// it never wins. Compiles the pattern by itself: microseconds for an ordinary one, some tenths of a
-    /// second for the worst. Throws std::bad_alloc, and then leaves the lexer as it was.
+    /// second for the worst. Throws std::bad_alloc, and then leaves the lexer as it was; a null `const char*`
+    /// in place of the pattern is std::string's own error.
     void addPattern(std::string pattern, unsigned short token, int priority);
 
     /// The token at `start`, its length in bytes in `length`; -1 and 0 if no pattern matches there, also when

@@ -118,9 +118,9 @@ TEST_F(Examples, where_is_takes_apart_what_it_finds_along_a_search_list) {
               m_output);
 }
 
-TEST_F(Examples, where_is_tells_by_its_status_that_nothing_was_found) {
+TEST_F(Examples, where_is_tells_that_nothing_was_found) {
     EXPECT_FALSE(Run("where_is lvx-no-such-file LVX_TEST_NO_SUCH_VARIABLE"));
-    EXPECT_EQ("", m_output);
+    EXPECT_EQ("nothing found\n", m_output);
     EXPECT_FALSE(Run("where_is"));
     EXPECT_EQ("usage: where_is PATTERN VARIABLE\n", m_output);
 }
