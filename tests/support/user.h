@@ -24,10 +24,19 @@ inline INPUT Key(WORD key, DWORD flags) {
     return input;
 }
 
-inline INPUT Button(DWORD flags) {
+// The system counts 65536 steps across the screen, whatever its size.
+inline LONG Steps(int pixel, int pixels) {
+    return (pixel * 65536 + pixels - 1) / pixels;
+}
+
+// Moves the mouse to a pixel and does what `flags` say in one go: no movement that is under way comes
+// between.
+inline INPUT Mouse(int x, int y, DWORD flags) {
     INPUT input{};
     input.type = INPUT_MOUSE;
-    input.mi.dwFlags = flags;
+    input.mi.dx = Steps(x, ::GetSystemMetrics(SM_CXSCREEN));
+    input.mi.dy = Steps(y, ::GetSystemMetrics(SM_CYSCREEN));
+    input.mi.dwFlags = MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_MOVE | flags;
     return input;
 }
 
@@ -56,8 +65,8 @@ inline void Type(const std::string& text) {
 
 /// Clicks with the left button at a point of the screen.
 inline void Click(int x, int y) {
-    ::SetCursorPos(x, y);
-    std::vector<INPUT> inputs{detail::Button(MOUSEEVENTF_LEFTDOWN), detail::Button(MOUSEEVENTF_LEFTUP)};
+    std::vector<INPUT> inputs{detail::Mouse(x, y, MOUSEEVENTF_LEFTDOWN),
+                              detail::Mouse(x, y, MOUSEEVENTF_LEFTUP)};
     detail::Send(inputs);
 }
 
