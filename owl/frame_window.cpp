@@ -13,6 +13,13 @@ namespace {
 
 constexpr const char* class_name = "OwlFrame";
 
+// The icon as it was drawn for captions: the large one, made smaller, would lose its finer lines.
+HICON LoadSmallIcon(const TModule* module, TResId icon) {
+    const HINSTANCE instance = module != nullptr ? module->GetInstance() : nullptr;
+    return static_cast<HICON>(::LoadImageA(instance, icon, IMAGE_ICON, ::GetSystemMetrics(SM_CXSMICON),
+                                           ::GetSystemMetrics(SM_CYSMICON), LR_SHARED));
+}
+
 }  // namespace
 
 DEFINE_RESPONSE_TABLE1(TFrameWindow, TWindow)
@@ -75,8 +82,7 @@ TWindow* TFrameWindow::SetClientWindow(TWindow* client) {
 
 void TFrameWindow::SetupWindow() {
     TWindow::SetupWindow();
-    if (m_icon != nullptr)
-        SendMessage(WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(m_icon));
+    ShowIcon();
     if (m_shrinkToClient)
         ShrinkToClient();
     FitClient();
@@ -117,9 +123,17 @@ bool TFrameWindow::SetIcon(TModule* module, TResId icon) {
     if (loaded == nullptr)
         return false;
     m_icon = loaded;
-    if (IsWindow())
-        SendMessage(WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(m_icon));
+    m_smallIcon = LoadSmallIcon(module, icon);
+    ShowIcon();
     return true;
+}
+
+// Without icons of its own the window keeps those of its class.
+void TFrameWindow::ShowIcon() {
+    if (m_icon == nullptr || !IsWindow())
+        return;
+    SendMessage(WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(m_icon));
+    SendMessage(WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(m_smallIcon));
 }
 
 // Offers to the objects from the one with the focus up to below the frame; true as soon as `body` is.

@@ -48,11 +48,13 @@ private:
     bool OfferToTargets(const Body& body);
     void FitClient();
     void ShrinkToClient();
+    void ShowIcon();
 
     TWindow* m_client = nullptr;
     bool m_shrinkToClient = false;
     HWND m_focus = nullptr;
     HICON m_icon = nullptr;
+    HICON m_smallIcon = nullptr;
 
     DECLARE_RESPONSE_TABLE(TFrameWindow);
 };

@@ -218,6 +218,29 @@ TEST(FrameWindow, is_driven_by_the_keys_of_its_menu) {
     EXPECT_EQ(Calls{"second"}, calls);
 }
 
+// How wide the icon is that a window shows; 0 if it has none.
+int IconWidth(const owl::TFrameWindow& frame, WPARAM which) {
+    const auto icon = reinterpret_cast<HICON>(frame.SendMessage(WM_GETICON, which));
+    ICONINFO info{};
+    BITMAP bitmap{};
+    if (!::GetIconInfo(icon, &info))
+        return 0;
+    ::GetObjectA(info.hbmMask, sizeof bitmap, &bitmap);
+    ::DeleteObject(info.hbmMask);
+    ::DeleteObject(info.hbmColor);
+    return bitmap.bmWidth;
+}
+
+// The caption showed the large icon, made smaller, without its outline.
+TEST(FrameWindow, shows_the_small_form_of_its_icon_in_the_caption) {
+    Program program;
+    auto* frame = Show(program, new Frame);
+    EXPECT_EQ(0, IconWidth(*frame, ICON_SMALL));
+    EXPECT_TRUE(frame->SetIcon(nullptr, reinterpret_cast<const char*>(IDI_ASTERISK)));
+    EXPECT_EQ(::GetSystemMetrics(SM_CXICON), IconWidth(*frame, ICON_BIG));
+    EXPECT_EQ(::GetSystemMetrics(SM_CXSMICON), IconWidth(*frame, ICON_SMALL));
+}
+
 TEST(FrameWindow, shows_its_icon) {
     Program program;
     auto* frame = new Frame;
