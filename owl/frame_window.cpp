@@ -88,6 +88,14 @@ void TFrameWindow::SetupWindow() {
     FitClient();
 }
 
+// Without icons of its own the window keeps those of its class.
+void TFrameWindow::ShowIcon() {
+    if (m_icon == nullptr || !IsWindow())
+        return;
+    SendMessage(WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(m_icon));
+    SendMessage(WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(m_smallIcon));
+}
+
 void TFrameWindow::ShrinkToClient() {
     const TWindow* const client = GetClientWindow();
     if (client == nullptr)
@@ -126,14 +134,6 @@ bool TFrameWindow::SetIcon(TModule* module, TResId icon) {
     m_smallIcon = LoadSmallIcon(module, icon);
     ShowIcon();
     return true;
-}
-
-// Without icons of its own the window keeps those of its class.
-void TFrameWindow::ShowIcon() {
-    if (m_icon == nullptr || !IsWindow())
-        return;
-    SendMessage(WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(m_icon));
-    SendMessage(WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(m_smallIcon));
 }
 
 // Offers to the objects from the one with the focus up to below the frame; true as soon as `body` is.

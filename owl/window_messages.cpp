@@ -44,21 +44,6 @@ UINT LookUpOf(UINT msg) {
     return msg >= WM_CTLCOLORMSGBOX && msg <= WM_CTLCOLORSTATIC ? WM_CTLCOLOR : msg;
 }
 
-// Ends the program, also when the clean-up of its main window throws: there is no window left to close then.
-class QuitBehind {
-public:
-    explicit QuitBehind(bool needed) : m_needed(needed) {}
-    ~QuitBehind() {
-        if (m_needed)
-            ::PostQuitMessage(0);
-    }
-    QuitBehind(const QuitBehind&) = delete;
-    QuitBehind& operator=(const QuitBehind&) = delete;
-
-private:
-    bool m_needed;
-};
-
 }  // namespace
 
 CreationScope::CreationScope(TWindow& window) : m_outer(under_creation) {
@@ -144,11 +129,11 @@ LRESULT TWindow::WindowProc(UINT msg, WPARAM wParam, LPARAM lParam) {
         case WM_HSCROLL:
         case WM_VSCROLL:
             return AnswerScrollBar(event);
-        case WM_DESTROY: {
-            const QuitBehind quit(IsMainWindow());
+        case WM_DESTROY:
+            if (IsMainWindow())
+                ::PostQuitMessage(0);
             CleanupWindow();
             break;
-        }
         default:
             break;
     }
