@@ -1,5 +1,6 @@
 #include "owl/mdi.h"
 
+#include "owl/key_message.h"
 #include "owl/window_table.h"
 
 namespace owl {
@@ -8,10 +9,6 @@ namespace {
 
 // The children's commands in the list of the window menu; hosts number theirs below.
 constexpr UINT first_child_command = 0xE000;
-
-bool IsKey(UINT msg) {
-    return msg >= WM_KEYFIRST && msg <= WM_KEYLAST;
-}
 
 }  // namespace
 
@@ -68,7 +65,7 @@ bool TMDIClient::CloseChildren() {
 }
 
 bool TMDIClient::PreProcessMsg(MSG& msg) {
-    if (IsKey(msg.message) && IsWindow() && ::TranslateMDISysAccel(GetHandle(), &msg))
+    if (IsKeyMessage(msg.message) && IsWindow() && ::TranslateMDISysAccel(GetHandle(), &msg))
         return true;
     return TWindow::PreProcessMsg(msg);
 }

@@ -336,6 +336,8 @@ protected:
     void FinishCreation();
     /// What the menu argument of a window's creation is: a child's id, or the menu of Attr, loaded.
     HMENU MenuOrId() const;
+    /// The module of GetModule, or the program if there is none.
+    HINSTANCE GetInstance() const;
 
 private:
     friend struct WindowProcedures;
@@ -362,7 +364,6 @@ private:
     bool m_modal = false;
     bool m_modalDone = false;
     int m_modalResult = 0;
-    TWindow* m_modalParent = nullptr;
     HWND m_disabled = nullptr;
     void* m_transferBuffer = nullptr;
     unsigned m_transferSize = 0;

@@ -1,16 +1,13 @@
 // The system's calls about a window, for window objects. Without a window they do nothing and answer false,
 // null or 0.
-#include <vector>
-
 #include "owl/application.h"
 #include "owl/window.h"
+#include "owl/window_text.h"
 
 namespace owl {
 
 std::string TWindow::GetWindowText() const {
-    std::vector<char> text(static_cast<std::size_t>(GetWindowTextLength()) + 1);
-    const int length = GetWindowText(text.data(), static_cast<int>(text.size()));
-    return std::string(text.data(), static_cast<std::size_t>(length));
+    return TextOfWindow(m_handle);
 }
 
 int TWindow::GetWindowText(char* text, int size) const {

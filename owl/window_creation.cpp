@@ -10,14 +10,10 @@
 
 namespace owl {
 
-namespace {
-
-HINSTANCE InstanceOf(const TWindow& window) {
-    const TModule* const module = window.GetModule();
+HINSTANCE TWindow::GetInstance() const {
+    const TModule* const module = GetModule();
     return module != nullptr ? module->GetInstance() : ::GetModuleHandleA(nullptr);
 }
-
-}  // namespace
 
 bool TWindow::Create() {
     if (m_handle != nullptr)
@@ -67,7 +63,7 @@ void TWindow::GetWindowClass(WNDCLASSA& windowClass) {
     windowClass = {};
     windowClass.style = CS_DBLCLKS;
     windowClass.lpfnWndProc = &WindowProcedures::OfObjects;
-    windowClass.hInstance = InstanceOf(*this);
+    windowClass.hInstance = GetInstance();
     windowClass.hCursor = ::LoadCursorA(nullptr, reinterpret_cast<const char*>(IDC_ARROW));
     windowClass.hbrBackground = reinterpret_cast<HBRUSH>(static_cast<ULONG_PTR>(COLOR_WINDOW + 1));
     windowClass.lpszClassName = GetClassName();
@@ -75,7 +71,7 @@ void TWindow::GetWindowClass(WNDCLASSA& windowClass) {
 
 void TWindow::RegisterClass() {
     WNDCLASSA existing{};
-    if (::GetClassInfoA(InstanceOf(*this), GetClassName(), &existing))
+    if (::GetClassInfoA(GetInstance(), GetClassName(), &existing))
         return;
     WNDCLASSA windowClass{};
     GetWindowClass(windowClass);
@@ -95,9 +91,8 @@ void TWindow::PerformCreate() {
     const HWND parent = Parent != nullptr ? Parent->GetHandle() : nullptr;
     const CreationScope scope(*this);
     ::SetLastError(0);
-    const HWND handle =
-        ::CreateWindowExA(Attr.ExStyle, GetClassName(), m_title.c_str(), Attr.Style, Attr.X, Attr.Y, Attr.W,
-                          Attr.H, parent, menu, InstanceOf(*this), Attr.Param);
+    const HWND handle = ::CreateWindowExA(Attr.ExStyle, GetClassName(), m_title.c_str(), Attr.Style, Attr.X,
+                                          Attr.Y, Attr.W, Attr.H, parent, menu, GetInstance(), Attr.Param);
     if (handle == nullptr) {
         const DWORD reason = ::GetLastError();
         if (menu != nullptr && (Attr.Style & WS_CHILD) == 0)
