@@ -110,7 +110,7 @@ bool TDialog::EvInitDialog(HWND focus) {
 }
 
 void TDialog::CloseWindow(int retVal) {
-    if (!CanClose())
+    if (!MayClose())
         return;
     TransferData(tdGetData);
     Destroy(retVal);

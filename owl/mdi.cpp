@@ -1,5 +1,6 @@
 #include "owl/mdi.h"
 
+#include "owl/child_walk.h"
 #include "owl/key_message.h"
 #include "owl/window_table.h"
 
@@ -59,8 +60,7 @@ void TMDIClient::ArrangeIcons() {
 bool TMDIClient::CloseChildren() {
     if (!CanClose())
         return false;
-    for (TWindow* child : std::vector<TWindow*>(GetChildren()))
-        child->Destroy();
+    EachChild(*this, [](TWindow& child) { child.Destroy(); });
     return true;
 }
 

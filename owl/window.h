@@ -334,6 +334,9 @@ protected:
     void PaintByObject();
     /// Calls SetupWindow; if that throws, the window goes.
     void FinishCreation();
+    /// Asks CanClose, of a main window the application's; false as well if the window went meanwhile: then
+    /// the object may be gone too.
+    bool MayClose();
     /// What the menu argument of a window's creation is: a child's id, or the menu of Attr, loaded.
     HMENU MenuOrId() const;
     /// The module of GetModule, or the program if there is none.

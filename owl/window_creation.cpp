@@ -1,6 +1,7 @@
 // How a window object gets its window and loses it.
 #include "owl/application.h"
 #include "owl/carried_exception.h"
+#include "owl/child_walk.h"
 #include "owl/condemned.h"
 #include "owl/error.h"
 #include "owl/last_error.h"
@@ -144,15 +145,18 @@ bool TWindow::IsMainWindow() const {
 }
 
 bool TWindow::CanClose() {
-    for (TWindow* child : std::vector<TWindow*>(m_children)) {
-        if (child->IsWindow() && !child->CanClose())
-            return false;
-    }
-    return true;
+    return !AnyChild(*this, [](TWindow& child) { return child.IsWindow() && !child.CanClose(); });
+}
+
+// Who is asked may end the window, and its object with it.
+bool TWindow::MayClose() {
+    const HWND handle = m_handle;
+    const bool agrees = IsMainWindow() ? GetApplication()->CanClose() : CanClose();
+    return agrees && handle != nullptr && FindWindowObject(handle) == this;
 }
 
 void TWindow::CloseWindow(int retVal) {
-    if (IsMainWindow() ? GetApplication()->CanClose() : CanClose())
+    if (MayClose())
         Destroy(retVal);
 }
 

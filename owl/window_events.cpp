@@ -1,4 +1,5 @@
 // What a window does with a message that its class has no function for.
+#include "owl/child_walk.h"
 #include "owl/window.h"
 
 namespace owl {
@@ -144,11 +145,13 @@ void TWindow::EvSize(UINT, const TSize&) {
 
 // The system tells top-level windows alone.
 void TWindow::EvSysColorChange() {
-    for (TWindow* child : std::vector<TWindow*>(m_children)) {
-        if (child->IsWindow())
-            child->HandleMessage(WM_SYSCOLORCHANGE);
-    }
-    DefaultProcessing();
+    const HWND handle = m_handle;
+    EachChild(*this, [](TWindow& child) {
+        if (child.IsWindow())
+            child.HandleMessage(WM_SYSCOLORCHANGE);
+    });
+    if (FindWindowObject(handle) == this)
+        DefaultProcessing();
 }
 
 void TWindow::EvSysCommand(UINT, const TPoint&) {
