@@ -172,7 +172,7 @@ public:
     // Transfer of data
 
     /// Where TransferData reads and writes; the caller keeps it. `size` is its length in bytes: TransferData
-    /// throws TXOwl rather than pass it. 0 promises that it is long enough.
+    /// throws TXOwl rather than pass it, and nothing is moved then. 0 promises that it is long enough.
     void SetTransferBuffer(void* buffer, unsigned size = 0);
     void EnableTransfer(bool enable = true);
     void DisableTransfer() { EnableTransfer(false); }
