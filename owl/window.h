@@ -77,7 +77,8 @@ public:
     /// or the application's.
     explicit TWindow(TWindow* parent, const char* title = nullptr, TModule* module = nullptr);
     /// Takes over the window `handle`, which exists and has no object yet: its messages come here first from
-    /// now on. Throws TXWindow if it is no window of this process or has an object.
+    /// now on, with wide text if it is a window of wide text. Throws TXWindow if it is no window of this
+    /// process or has an object.
     explicit TWindow(HWND handle, TModule* module = nullptr);
     ~TWindow() override;
 
@@ -359,7 +360,7 @@ private:
 
     HWND m_handle = nullptr;
     WNDPROC m_classProcedure = nullptr;
-    bool m_classIsOurs = false;
+    bool m_classIsWide = false;
     TModule* m_module = nullptr;
     std::string m_title;
     std::vector<TWindow*> m_children;

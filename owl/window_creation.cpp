@@ -2,6 +2,7 @@
 #include "owl/application.h"
 #include "owl/carried_exception.h"
 #include "owl/child_walk.h"
+#include "owl/class_procedure.h"
 #include "owl/condemned.h"
 #include "owl/error.h"
 #include "owl/last_error.h"
@@ -109,30 +110,21 @@ void TWindow::PerformCreate() {
 void TWindow::Attach(HWND handle) {
     m_handle = handle;
     RememberWindow(handle, this);
-    const auto procedure = reinterpret_cast<WNDPROC>(::GetWindowLongPtrA(handle, GWLP_WNDPROC));
-    if (procedure == &WindowProcedures::OfObjects)
-        return;
-    m_classProcedure = procedure;
-    WindowProcedures::KeepClassProcedure(handle, procedure);
-    ::SetWindowLongPtrA(handle, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&WindowProcedures::OfObjects));
+    const ClassProcedure aside = PutInFront(handle, &WindowProcedures::OfObjects);
+    m_classProcedure = aside.procedure;
+    m_classIsWide = aside.isWide;
 }
 
-// Who put a procedure on top of ours keeps calling it: it then hands on to the class's.
 void TWindow::Detach() {
     const HWND handle = m_handle;
     m_handle = nullptr;
-    ForgetWindow(handle, this);
-    const auto procedure = reinterpret_cast<WNDPROC>(::GetWindowLongPtrA(handle, GWLP_WNDPROC));
-    if (m_classProcedure != nullptr && procedure == &WindowProcedures::OfObjects) {
-        ::SetWindowLongPtrA(handle, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(m_classProcedure));
-        WindowProcedures::DropClassProcedure(handle);
-    }
     m_classProcedure = nullptr;
+    ForgetWindow(handle, this);
+    GiveBack(handle, &WindowProcedures::OfObjects);
 }
 
 void TWindow::AfterDestruction() {
-    if (m_classProcedure != nullptr)
-        WindowProcedures::DropClassProcedure(m_handle);
+    ForgetPutAside(m_handle);
     ForgetWindow(m_handle, this);
     m_handle = nullptr;
     m_classProcedure = nullptr;

@@ -1,5 +1,6 @@
 // The way of a message from the system to the function that answers it.
 #include "owl/carried_exception.h"
+#include "owl/class_procedure.h"
 #include "owl/command_enabler.h"
 #include "owl/window.h"
 #include "owl/window_procedures.h"
@@ -8,8 +9,6 @@
 namespace owl {
 
 namespace {
-
-constexpr const char* class_procedure_property = "owl.class_procedure";
 
 thread_local TWindow* under_creation = nullptr;
 
@@ -63,9 +62,9 @@ TWindow* CreationScope::Take() {
 LRESULT CALLBACK WindowProcedures::OfObjects(HWND handle, UINT msg, WPARAM wParam, LPARAM lParam) {
     TWindow* window = FindWindowObject(handle);
     if (window == nullptr) {
-        const auto procedure = reinterpret_cast<WNDPROC>(::GetPropA(handle, class_procedure_property));
-        if (procedure != nullptr)
-            return ::CallWindowProcA(procedure, handle, msg, wParam, lParam);
+        const ClassProcedure aside = PutAside(handle);
+        if (!aside.IsNone())
+            return aside.Call(handle, msg, wParam, lParam);
         window = CreationScope::Take();
         if (window == nullptr)
             return ::DefWindowProcA(handle, msg, wParam, lParam);
@@ -74,14 +73,6 @@ LRESULT CALLBACK WindowProcedures::OfObjects(HWND handle, UINT msg, WPARAM wPara
     if (IsForeignQuestion(msg))
         return 0;
     return window->ReceiveMessage(msg, wParam, lParam);
-}
-
-void WindowProcedures::KeepClassProcedure(HWND handle, WNDPROC procedure) {
-    ::SetPropA(handle, class_procedure_property, reinterpret_cast<HANDLE>(procedure));
-}
-
-void WindowProcedures::DropClassProcedure(HWND handle) {
-    ::RemovePropA(handle, class_procedure_property);
 }
 
 LRESULT TWindow::ReceiveMessage(UINT msg, WPARAM wParam, LPARAM lParam) noexcept {
@@ -111,7 +102,7 @@ LRESULT TWindow::DefaultProcessing() {
 
 LRESULT TWindow::DefWindowProc(UINT msg, WPARAM wParam, LPARAM lParam) {
     if (m_classProcedure != nullptr)
-        return ::CallWindowProcA(m_classProcedure, m_handle, msg, wParam, lParam);
+        return ClassProcedure{m_classProcedure, m_classIsWide}.Call(m_handle, msg, wParam, lParam);
     return ::DefWindowProcA(m_handle, msg, wParam, lParam);
 }
 

@@ -32,12 +32,6 @@ public:
     bool wantsMore = false;
 };
 
-WNDPROC below = nullptr;
-
-LRESULT CALLBACK Later(HWND window, UINT msg, WPARAM wParam, LPARAM lParam) {
-    return ::CallWindowProcA(below, window, msg, wParam, lParam);
-}
-
 TEST_F(Window, deletes_its_children_from_the_last_to_the_first) {
     std::vector<int> dead;
     {
@@ -105,19 +99,6 @@ TEST_F(Window, takes_over_a_window_that_exists_and_gives_it_back) {
     EXPECT_TRUE(::IsWindow(handle));
     EXPECT_EQ(nullptr, owl::GetWindowPtr(handle));
     EXPECT_EQ(procedure, ::GetWindowLongPtrA(handle, GWLP_WNDPROC));
-}
-
-// Another subclass keeps our procedure's address and calls it when the object is gone.
-TEST_F(Window, whose_object_is_gone_still_works_below_a_procedure_that_came_later) {
-    const HWND handle = ::CreateWindowExA(0, "EDIT", "text", WS_CHILD, 0, 0, 50, 20, desk.frame->GetHandle(),
-                                          nullptr, nullptr, nullptr);
-    {
-        TWindow window(handle);
-        below = reinterpret_cast<WNDPROC>(
-            ::SetWindowLongPtrA(handle, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Later)));
-    }
-    ::SetWindowTextA(handle, "still an edit");
-    EXPECT_EQ(13, ::SendMessageA(handle, EM_LINELENGTH, 0, 0));
 }
 
 TEST_F(Window, is_not_taken_over_twice) {
