@@ -57,7 +57,12 @@ void TWindow::Init(HWND handle, TModule* module) {
         throw TXWindow("the window has an object already");
     Init(GetWindowPtr(::GetParent(handle)), nullptr, module);
     SetFlag(wfAlias);
+    EnableAutoCreate(false);
     Attach(handle);
+    Attr.Style = GetStyle();
+    Attr.ExStyle = GetExStyle();
+    if ((Attr.Style & WS_CHILD) != 0)
+        Attr.Id = ::GetDlgCtrlID(handle);
     m_title = GetWindowText();
 }
 

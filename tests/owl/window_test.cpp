@@ -148,6 +148,17 @@ TEST_F(Window, ends_though_a_child_says_that_it_has_another_parent) {
     EXPECT_EQ(std::vector<int>{1}, dead);
 }
 
+TEST_F(Window, that_is_taken_over_is_known_by_its_number_and_not_created_again) {
+    const HWND handle =
+        ::CreateWindowExA(0, "EDIT", "text", WS_CHILD, 0, 0, 50, 20, desk.frame->GetHandle(),
+                          reinterpret_cast<HMENU>(static_cast<UINT_PTR>(4713)), nullptr, nullptr);
+    TWindow window(handle);
+    EXPECT_EQ(&window, desk.frame->ChildWithId(4713));
+    ::DestroyWindow(handle);
+    desk.frame->CreateChildren();
+    EXPECT_FALSE(window.IsWindow());
+}
+
 // Does something when it is asked: deletes another window object, say.
 class Acting : public TWindow {
 public:
