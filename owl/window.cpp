@@ -90,6 +90,10 @@ void TWindow::EnableAutoCreate(bool enable) {
 }
 
 void TWindow::SetParent(TWindow* parent) {
+    for (const TWindow* above = parent; above != nullptr; above = above->Parent) {
+        if (above == this)
+            throw TXWindow("a window cannot be its own parent");
+    }
     if (Parent != nullptr)
         Parent->RemoveChild(this);
     Parent = parent;

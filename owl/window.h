@@ -105,7 +105,8 @@ public:
     /// The parent object, or null. To be changed by SetParent.
     TWindow* Parent = nullptr;
     /// Makes the object a child of `parent`, the last one; null takes it out of its parent. A window that
-    /// exists gets the parent's window as its own parent.
+    /// exists gets the parent's window as its own parent. Throws TXWindow if the object stands above
+    /// `parent`.
     virtual void SetParent(TWindow* parent);
     /// The child objects in the order in which they came.
     const std::vector<TWindow*>& GetChildren() const { return m_children; }

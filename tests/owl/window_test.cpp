@@ -159,6 +159,15 @@ TEST_F(Window, that_is_taken_over_is_known_by_its_number_and_not_created_again) 
     EXPECT_FALSE(window.IsWindow());
 }
 
+TEST_F(Window, is_no_child_of_itself_or_of_its_children) {
+    TWindow parent(desk.frame);
+    auto* child = new TWindow(&parent);
+    EXPECT_THROW(parent.SetParent(child), owl::TXWindow);
+    EXPECT_THROW(parent.SetParent(&parent), owl::TXWindow);
+    EXPECT_EQ(desk.frame, parent.Parent);
+    EXPECT_EQ(1U, parent.NumChildren());
+}
+
 // Does something when it is asked: deletes another window object, say.
 class Acting : public TWindow {
 public:
