@@ -40,6 +40,7 @@ bool TWindow::TakeFromResource() {
 }
 
 void TWindow::FinishCreation() {
+    const FunctionScope function;
     try {
         ThrowCarriedException();
         SetupWindow();
@@ -106,8 +107,9 @@ void TWindow::PerformCreate() {
         Attach(handle);
 }
 
-// A window of a class of ours comes through our procedure already.
+// An object whose window comes again does not end with the former one.
 void TWindow::Attach(HWND handle) {
+    Absolve(this);
     m_handle = handle;
     RememberWindow(handle, this);
     const ClassProcedure aside = PutInFront(handle, &WindowProcedures::OfObjects);

@@ -2,6 +2,7 @@
 #include "owl/carried_exception.h"
 #include "owl/class_procedure.h"
 #include "owl/command_enabler.h"
+#include "owl/condemned.h"
 #include "owl/window.h"
 #include "owl/window_procedures.h"
 #include "owl/window_table.h"
@@ -89,6 +90,7 @@ LRESULT TWindow::ReceiveMessage(UINT msg, WPARAM wParam, LPARAM lParam) noexcept
 }
 
 LRESULT TWindow::HandleMessage(UINT msg, WPARAM wParam, LPARAM lParam) {
+    const FunctionScope function;
     const MessageScope scope(this, msg, wParam, lParam);
     return WindowProc(msg, wParam, lParam);
 }
