@@ -62,8 +62,17 @@ bool TApplication::CanClose() {
 
 // An application that ends a main window's object to take another goes on: the former one posts no quit.
 void TApplication::SetMainWindow(TFrameWindow* window) {
+    if (window == m_mainWindow)
+        return;
     m_mainWindowBase = window;
     delete std::exchange(m_mainWindow, window);
+}
+
+void TApplication::ForgetMainWindow(const TWindow& window) {
+    if (!IsMainWindow(window))
+        return;
+    m_mainWindow = nullptr;
+    m_mainWindowBase = nullptr;
 }
 
 bool TApplication::IdleAction(long idleCount) {

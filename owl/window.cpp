@@ -32,6 +32,8 @@ TWindow::~TWindow() {
     if (Parent != nullptr)
         Parent->RemoveChild(this);
     Absolve(this);
+    if (GetApplication() != nullptr)
+        GetApplication()->ForgetMainWindow(*this);
 }
 
 void TWindow::Init(TWindow* parent, const char* title, TModule* module) {
