@@ -124,7 +124,8 @@ public:
     /// Called when the window has just been made: here children get their contents. By itself it creates the
     /// children and sends the transfer buffer's data to them. What overrides it calls it first.
     virtual void SetupWindow();
-    /// Called before the window goes, however that comes.
+    /// Called before the window goes, however that comes; but not by the end of the object, whose class's
+    /// part is gone then.
     virtual void CleanupWindow();
     /// Whether it may be closed. By itself all children are asked.
     virtual bool CanClose();

@@ -123,9 +123,9 @@ LRESULT TWindow::WindowProc(UINT msg, WPARAM wParam, LPARAM lParam) {
         case WM_VSCROLL:
             return AnswerScrollBar(event);
         case WM_DESTROY:
-            CleanupWindow();
             if (IsMainWindow())
                 ::PostQuitMessage(0);
+            CleanupWindow();
             break;
         default:
             break;
