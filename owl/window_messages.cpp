@@ -35,11 +35,6 @@ struct MessageScope {
 
 thread_local MessageScope* MessageScope::innermost = nullptr;
 
-// The question holds an address of this process: it is not taken from elsewhere.
-bool IsForeignQuestion(UINT msg) {
-    return msg == WM_COMMAND_ENABLE && ::InSendMessageEx(nullptr) != ISMEX_NOSEND;
-}
-
 UINT LookUpOf(UINT msg) {
     return msg >= WM_CTLCOLORMSGBOX && msg <= WM_CTLCOLORSTATIC ? WM_CTLCOLOR : msg;
 }
@@ -71,7 +66,8 @@ LRESULT CALLBACK WindowProcedures::OfObjects(HWND handle, UINT msg, WPARAM wPara
             return ::DefWindowProcA(handle, msg, wParam, lParam);
         window->Attach(handle);
     }
-    if (IsForeignQuestion(msg))
+    // It holds the address of an object, which only HandleMessage vouches for.
+    if (msg == WM_COMMAND_ENABLE)
         return 0;
     return window->ReceiveMessage(msg, wParam, lParam);
 }
