@@ -268,7 +268,7 @@ public:
     TWindowAttr Attr;
 
     // What answers messages unless a class says otherwise. Each does what DefaultProcessing does, with the
-    // message that is being handled, whatever the arguments are.
+    // message that is being handled, whatever the arguments are; EvCtlColor goes by its arguments.
 
     void EvActivate(UINT active, bool minimised, HWND other);
     void EvChar(UINT key, UINT repeat, UINT flags);

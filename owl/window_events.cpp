@@ -24,8 +24,12 @@ int TWindow::EvCreate(CREATESTRUCTA&) {
     return static_cast<int>(DefaultProcessing());
 }
 
-HBRUSH TWindow::EvCtlColor(HDC, HWND, UINT) {
-    return reinterpret_cast<HBRUSH>(DefaultProcessing());
+// A page hands the question on to its dialog, which is handling no message of that kind itself.
+HBRUSH TWindow::EvCtlColor(HDC dc, HWND child, UINT type) {
+    if (m_handle == nullptr)
+        return nullptr;
+    return reinterpret_cast<HBRUSH>(DefWindowProc(WM_CTLCOLORMSGBOX + type, reinterpret_cast<WPARAM>(dc),
+                                                  reinterpret_cast<LPARAM>(child)));
 }
 
 void TWindow::EvDestroy() {
