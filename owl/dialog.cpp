@@ -1,6 +1,5 @@
 #include "owl/dialog.h"
 
-#include "owl/application.h"
 #include "owl/carried_exception.h"
 #include "owl/error.h"
 #include "owl/key_message.h"
@@ -91,14 +90,19 @@ int TDialog::Execute() {
 }
 
 int TDialog::DoExecute() {
-    Create();
+    ExpectModal();
     struct Ending {
         ~Ending() {
+            dialog.SetModal(false);
             if (dialog.IsWindow())
                 ::DestroyWindow(dialog.GetHandle());
         }
-        const TDialog& dialog;
+        TDialog& dialog;
     } const ending{*this};
+    Create();
+    // SetupWindow may have decided already.
+    if (!IsModal() || !IsWindow())
+        return GetModalResult();
     ShowWindow(SW_SHOW);
     return BeginModal(Parent);
 }

@@ -21,7 +21,7 @@ public:
     bool Create() override;
     /// Shows the dialog, keeps its parent from input, and returns what closed it: IDOK, IDCANCEL or what
     /// CloseWindow, Destroy or EndModal got. The window is gone then, also if a handler's exception comes out
-    /// of here.
+    /// of here. SetupWindow may end it in the same ways before it shows.
     int Execute();
     /// What Execute does; for what is to be done around it.
     virtual int DoExecute();

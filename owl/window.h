@@ -135,7 +135,8 @@ public:
     virtual void Destroy(int retVal = 0);
     /// Runs a loop until EndModal or the end of the window; `parent` takes no input meanwhile. Returns what
     /// EndModal got; IDCANCEL if the window or the program ended first. What a handler throws comes out of
-    /// here; `parent` then takes input again.
+    /// here; `parent` then takes input again. Throws TXWindow if such a loop of the window runs already.
+    /// Requires: the object is not deleted meanwhile.
     int BeginModal(TWindow* parent, int flags = 0);
     void EndModal(int result);
     bool IsModal() const { return m_modal; }
@@ -335,6 +336,11 @@ protected:
     LRESULT ReceiveMessage(UINT msg, WPARAM wParam, LPARAM lParam) noexcept;
     /// Answers WM_PAINT by Paint.
     void PaintByObject();
+    /// For what makes the window and runs it in one go: from now on EndModal counts, also before BeginModal.
+    /// Throws TXWindow if a loop of the window runs already.
+    void ExpectModal();
+    /// What EndModal got last; IDCANCEL if nothing since ExpectModal or BeginModal.
+    int GetModalResult() const { return m_modalResult; }
     /// Calls SetupWindow; if that throws, the window goes.
     void FinishCreation();
     /// Asks CanClose, of a main window the application's; false as well if the window went meanwhile: then
@@ -368,6 +374,7 @@ private:
     std::vector<TWindow*> m_children;
     unsigned m_flags = 0;
     bool m_modal = false;
+    bool m_modalLoop = false;
     bool m_modalDone = false;
     int m_modalResult = 0;
     HWND m_disabled = nullptr;
