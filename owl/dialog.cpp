@@ -109,6 +109,7 @@ int TDialog::DoExecute() {
 
 bool TDialog::EvInitDialog(HWND focus) {
     static_cast<void>(focus);
+    SetWindowText(GetCaption().empty() ? GetWindowText() : GetCaption());
     SetupWindow();
     return true;
 }

@@ -421,4 +421,15 @@ TEST_F(DialogTest, whose_setup_threw_is_not_modal) {
     EXPECT_FALSE(dialog.IsModal());
 }
 
+TEST_F(DialogTest, bears_the_caption_of_its_template_unless_it_is_given_another) {
+    Dialog plain(desk.frame);
+    plain.Create();
+    EXPECT_EQ("Every control", plain.GetCaption());
+    Dialog named(desk.frame);
+    named.SetWindowText("Another");
+    named.Create();
+    EXPECT_EQ("Another", named.GetWindowText());
+    EXPECT_EQ("Another", named.GetCaption());
+}
+
 }  // namespace
