@@ -45,8 +45,6 @@ const char* TFrameWindow::GetClassName() {
 void TFrameWindow::GetWindowClass(WNDCLASSA& windowClass) {
     TWindow::GetWindowClass(windowClass);
     windowClass.hIcon = ::LoadIconA(nullptr, reinterpret_cast<const char*>(IDI_APPLICATION));
-    if (m_client != nullptr)
-        windowClass.hbrBackground = nullptr;
 }
 
 // A client that somebody deletes takes itself out of the children.

@@ -229,4 +229,21 @@ TEST(FrameWindow, shows_its_icon) {
     EXPECT_EQ(icon, frame->SendMessage(WM_GETICON, ICON_BIG));
 }
 
+// The window class was registered without a background when the first frame had a client.
+TEST(FrameWindow, without_a_client_is_erased_whatever_the_frames_before_it_had) {
+    class Erased : public Frame {
+    public:
+        using Frame::Frame;
+
+    protected:
+        const char* GetClassName() override { return "owl_frame_background_test"; }
+    };
+    Program program;
+    Show(program, new Erased(new Client));
+    Frame* plain = Show(program, new Erased);
+    const HDC dc = ::GetDC(plain->GetHandle());
+    EXPECT_NE(0, plain->SendMessage(WM_ERASEBKGND, reinterpret_cast<WPARAM>(dc)));
+    ::ReleaseDC(plain->GetHandle(), dc);
+}
+
 }  // namespace
