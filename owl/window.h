@@ -186,7 +186,8 @@ public:
     /// without gaps. Without a buffer nothing happens.
     virtual void TransferData(TTransferDirection direction);
 
-    // What the window shows and how
+    // What the window shows and how. Without a window these do nothing and answer false, null, 0 or what is
+    // empty.
 
     /// Called to paint the client area. `erase` tells whether the background needs to be erased still, `rect`
     /// what is to be painted. By itself nothing.
@@ -200,13 +201,11 @@ public:
     const std::string& GetCaption() const { return m_title; }
     bool ShowWindow(int how);
     void UpdateWindow();
-    /// Null is the whole client area.
     void InvalidateRect(const TRect& rect, bool erase = true);
     void Invalidate(bool erase = true);
     void InvalidateRgn(HRGN region, bool erase = true);
     bool GetUpdateRgn(HRGN region, bool erase = true) const;
     bool RedrawWindow(const TRect* rect, HRGN region, UINT flags);
-    /// Null rectangles without a window, as all that ask for places.
     TRect GetClientRect() const;
     void GetClientRect(TRect& rect) const { rect = GetClientRect(); }
     TRect GetWindowRect() const;
@@ -221,9 +220,11 @@ public:
     bool IsWindowEnabled() const;
     bool IsIconic() const;
     bool IsZoomed() const;
+    /// Whether it was disabled before.
     bool EnableWindow(bool enable);
     bool IsChild(HWND window) const;
     DWORD GetStyle() const;
+    /// These return the former style.
     DWORD SetStyle(DWORD style);
     DWORD GetExStyle() const;
     DWORD SetExStyle(DWORD style);
