@@ -58,13 +58,17 @@ TWindow* TFrameWindow::SetClientWindow(TWindow* client) {
     TWindow* const former = GetClientWindow();
     if (former == client)
         return nullptr;
-    if (former != nullptr)
+    if (former != nullptr) {
+        former->ShowWindow(SW_HIDE);
         former->SetParent(nullptr);
+    }
     m_client = client;
     if (client != nullptr) {
         client->SetParent(this);
         client->EnableAutoCreate();
-        if (IsWindow())
+        if (client->IsWindow())
+            client->ShowWindow(SW_SHOW);
+        else if (IsWindow())
             client->Create();
     }
     FitClient();

@@ -19,7 +19,8 @@ public:
 
     /// Null if there is none, or if it is no child any more.
     TWindow* GetClientWindow() const;
-    /// Puts another client in place of the present one, which is returned and is then nobody's child.
+    /// Puts another client in place of the present one, which is returned and is then hidden and nobody's
+    /// child.
     TWindow* SetClientWindow(TWindow* client);
     /// Uses the menu resource `menu`, at once if the window exists. False if there is no such menu.
     bool AssignMenu(TResId menu);

@@ -246,4 +246,17 @@ TEST(FrameWindow, without_a_client_is_erased_whatever_the_frames_before_it_had) 
     ::ReleaseDC(plain->GetHandle(), dc);
 }
 
+// It was left on the screen, without a frame around it.
+TEST(FrameWindow, hides_a_client_that_it_gives_up_and_shows_one_that_it_gets) {
+    Program program;
+    auto* former = new Client;
+    Frame* frame = Show(program, new Frame(former));
+    frame->ShowWindow(SW_SHOW);
+    ASSERT_TRUE(former->IsWindowVisible());
+    frame->SetClientWindow(nullptr);
+    EXPECT_FALSE(former->IsWindowVisible());
+    frame->SetClientWindow(former);
+    EXPECT_TRUE(former->IsWindowVisible());
+}
+
 }  // namespace
