@@ -101,17 +101,20 @@ void TFrameWindow::FitClient() {
 }
 
 bool TFrameWindow::AssignMenu(TResId menu) {
+    if (IsWindow()) {
+        const HMENU loaded = ::LoadMenuA(GetInstance(), menu);
+        if (loaded == nullptr)
+            return false;
+        ::DestroyMenu(ExchangeMenu(loaded));
+    }
     Attr.Menu = menu;
-    if (!IsWindow())
-        return true;
-    const HMENU loaded = GetModule() != nullptr ? GetModule()->LoadMenu(menu) : nullptr;
-    if (loaded == nullptr)
-        return false;
-    const HMENU former = GetMenu();
-    SetMenu(loaded);
-    if (former != nullptr)
-        ::DestroyMenu(former);
     return true;
+}
+
+HMENU TFrameWindow::ExchangeMenu(HMENU menu) {
+    const HMENU former = GetMenu();
+    SetMenu(menu);
+    return former;
 }
 
 bool TFrameWindow::SetIcon(TModule* module, TResId icon) {

@@ -22,7 +22,8 @@ public:
     /// Puts another client in place of the present one, which is returned and is then hidden and nobody's
     /// child.
     TWindow* SetClientWindow(TWindow* client);
-    /// Uses the menu resource `menu`, at once if the window exists. False if there is no such menu.
+    /// Uses the menu resource `menu`, at once if the window exists. False if there is no such menu; the
+    /// former one stays then.
     bool AssignMenu(TResId menu);
     /// Uses the icon `icon` of `module`; a null module is the system's. False if there is no such icon.
     bool SetIcon(TModule* module, TResId icon);
@@ -43,6 +44,8 @@ protected:
     void Init(TWindow* parent, const char* title, TWindow* client, bool shrinkToClient, TModule* module);
     const char* GetClassName() override;
     void GetWindowClass(WNDCLASSA& windowClass) override;
+    /// Shows `menu` as the menu bar and returns the former one, which is then the caller's.
+    virtual HMENU ExchangeMenu(HMENU menu);
 
 private:
     template <class Body>

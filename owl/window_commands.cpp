@@ -1,5 +1,4 @@
 // Commands, notifications of controls, and the question whether a command is enabled.
-#include "owl/application.h"
 #include "owl/command_enabler.h"
 #include "owl/key_message.h"
 #include "owl/window.h"
@@ -85,8 +84,8 @@ void TWindow::AskWhetherEnabled(TCommandEnabler& enabler) {
 }
 
 HACCEL TWindow::Accelerators() {
-    if (m_accelerators == nullptr && !Attr.AccelTable.IsNull() && GetModule() != nullptr)
-        m_accelerators = GetModule()->LoadAccelerators(Attr.AccelTable);
+    if (m_accelerators == nullptr && !Attr.AccelTable.IsNull())
+        m_accelerators = ::LoadAcceleratorsA(GetInstance(), Attr.AccelTable);
     return m_accelerators;
 }
 

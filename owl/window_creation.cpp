@@ -84,9 +84,9 @@ void TWindow::RegisterClass() {
 HMENU TWindow::MenuOrId() const {
     if ((Attr.Style & WS_CHILD) != 0)
         return reinterpret_cast<HMENU>(static_cast<LONG_PTR>(Attr.Id));
-    if (Attr.Menu.IsNull() || GetModule() == nullptr)
+    if (Attr.Menu.IsNull())
         return nullptr;
-    return GetModule()->LoadMenu(Attr.Menu);
+    return Require<TXWindow>("LoadMenu", [this] { return ::LoadMenuA(GetInstance(), Attr.Menu); });
 }
 
 void TWindow::PerformCreate() {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "owl/command_enabler.h"
+#include "owl/error.h"
 #include "tests/owl/desk.h"
 #include "tests/owl/resource_ids.h"
 
@@ -97,6 +98,19 @@ TEST(FrameWindow, takes_another_menu_and_refuses_a_missing_one) {
     EXPECT_TRUE(frame->AssignMenu(IDM_TEST_MENU));
     EXPECT_NE(former, frame->GetMenu());
     EXPECT_FALSE(::IsMenu(former));
+}
+
+TEST(FrameWindow, whose_menu_is_missing_throws) {
+    Program program;
+    Frame frame;
+    frame.Attr.Menu = 999;
+    try {
+        frame.Create();
+        FAIL();
+    } catch (const owl::TXWindow& error) {
+        EXPECT_EQ(0U, std::string(error.what()).find("LoadMenu: ")) << error.what();
+    }
+    EXPECT_FALSE(frame.IsWindow());
 }
 
 TEST(FrameWindow, fills_itself_with_its_client) {
@@ -257,6 +271,19 @@ TEST(FrameWindow, hides_a_client_that_it_gives_up_and_shows_one_that_it_gets) {
     EXPECT_FALSE(former->IsWindowVisible());
     frame->SetClientWindow(former);
     EXPECT_TRUE(former->IsWindowVisible());
+}
+
+// As in a plug-in: the resources are those of the program.
+TEST(FrameWindow, has_its_menu_and_its_keys_without_an_application_too) {
+    calls.clear();
+    Frame frame;
+    frame.Create();
+    EXPECT_NE(nullptr, frame.GetMenu());
+    EXPECT_TRUE(frame.AssignMenu(IDM_TEST_MENU));
+    ASSERT_TRUE(desk::Activate(frame));
+    desk::Press({VK_CONTROL, 'K'});
+    EXPECT_TRUE(desk::PumpUntil([] { return !calls.empty(); }));
+    EXPECT_EQ(Calls{"frame"}, calls);
 }
 
 }  // namespace
