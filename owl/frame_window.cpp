@@ -127,15 +127,28 @@ bool TFrameWindow::SetIcon(TModule* module, TResId icon) {
     return true;
 }
 
-// Offers to the objects from the one with the focus up to below the frame; true as soon as `body` is.
+HWND TFrameWindow::CommandTarget() const {
+    const TWindow* const client = GetClientWindow();
+    return client != nullptr && client->IsWindow() ? client->GetHandle() : GetHandle();
+}
+
+// Offers to the objects from the one with the focus up to below the frame, then to those that would be asked
+// if nobody had it; true as soon as `body` is.
 template <class Body>
 bool TFrameWindow::OfferToTargets(const Body& body) {
-    HWND target = ::GetFocus();
-    if (!IsChild(target))
-        target = GetClientWindow() != nullptr ? GetClientWindow()->GetHandle() : nullptr;
-    for (; target != nullptr && target != GetHandle(); target = ::GetParent(target)) {
+    const HWND focus = IsChild(::GetFocus()) ? ::GetFocus() : nullptr;
+    const auto asked = [focus](HWND target) { return target == focus || ::IsChild(target, focus); };
+    const auto offer = [&](HWND target) {
         TWindow* const window = FindWindowObject(target);
-        if (window != nullptr && body(*window))
+        return window != nullptr && body(*window);
+    };
+    for (HWND target = focus; target != nullptr && target != GetHandle(); target = ::GetParent(target)) {
+        if (offer(target))
+            return true;
+    }
+    for (HWND target = CommandTarget(); target != nullptr && target != GetHandle();
+         target = ::GetParent(target)) {
+        if (!asked(target) && offer(target))
             return true;
     }
     return false;
@@ -187,9 +200,14 @@ void TFrameWindow::EvInitMenuPopup(HMENU menu, UINT position, bool systemMenu) {
 }
 
 void TFrameWindow::EvActivate(UINT active, bool minimised, HWND other) {
-    if (active == WA_INACTIVE && IsChild(::GetFocus()))
-        m_focus = ::GetFocus();
+    if (active == WA_INACTIVE)
+        RememberFocus();
     TWindow::EvActivate(active, minimised, other);
+}
+
+void TFrameWindow::RememberFocus() {
+    if (IsChild(::GetFocus()))
+        m_focus = ::GetFocus();
 }
 
 void TFrameWindow::EvSetFocus(HWND lost) {

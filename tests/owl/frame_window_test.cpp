@@ -273,6 +273,17 @@ TEST(FrameWindow, hides_a_client_that_it_gives_up_and_shows_one_that_it_gets) {
     EXPECT_TRUE(former->IsWindowVisible());
 }
 
+TEST(FrameWindow, offers_a_command_to_its_client_though_a_bar_has_the_focus) {
+    Program program;
+    Frame* frame = Show(program, new Frame(new Client));
+    auto* bar = new TWindow(frame);
+    bar->Create();
+    ASSERT_TRUE(desk::Activate(*frame));
+    bar->SetFocus();
+    frame->SendMessage(WM_COMMAND, CM_TEST_FIRST);
+    EXPECT_EQ(Calls{"client"}, calls);
+}
+
 // As in a plug-in: the resources are those of the program.
 TEST(FrameWindow, has_its_menu_and_its_keys_without_an_application_too) {
     calls.clear();
