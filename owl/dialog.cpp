@@ -1,9 +1,10 @@
 #include "owl/dialog.h"
 
-#include "owl/application.h"
 #include "owl/carried_exception.h"
 #include "owl/error.h"
+#include "owl/key_message.h"
 #include "owl/last_error.h"
+#include "owl/window_text.h"
 
 namespace owl {
 
@@ -12,10 +13,6 @@ namespace {
 // The dialog whose template is being read on this thread. Controls of our own window classes come before its
 // first message if the template names no font, so the scope of other windows would not do.
 thread_local TDialog* under_creation = nullptr;
-
-bool IsKey(UINT msg) {
-    return msg >= WM_KEYFIRST && msg <= WM_KEYLAST;
-}
 
 }  // namespace
 
@@ -57,15 +54,14 @@ INT_PTR CALLBACK TDialog::DialogProcedure(HWND handle, UINT msg, WPARAM wParam, 
 }
 
 void TDialog::PerformCreate() {
-    const HINSTANCE instance =
-        GetModule() != nullptr ? GetModule()->GetInstance() : ::GetModuleHandleA(nullptr);
     const HWND parent = Parent != nullptr ? Parent->GetHandle() : nullptr;
     TDialog* const outer = under_creation;
     under_creation = this;
     ::SetLastError(0);
-    const HWND handle = m_template != nullptr
-                            ? ::CreateDialogIndirectParamA(instance, m_template, parent, &DialogProcedure, 0)
-                            : ::CreateDialogParamA(instance, m_resource, parent, &DialogProcedure, 0);
+    const HWND handle =
+        m_template != nullptr
+            ? ::CreateDialogIndirectParamA(GetInstance(), m_template, parent, &DialogProcedure, 0)
+            : ::CreateDialogParamA(GetInstance(), m_resource, parent, &DialogProcedure, 0);
     const DWORD reason = ::GetLastError();
     under_creation = outer;
     ThrowFailedSetup();
@@ -94,26 +90,32 @@ int TDialog::Execute() {
 }
 
 int TDialog::DoExecute() {
-    Create();
+    ExpectModal();
     struct Ending {
         ~Ending() {
+            dialog.SetModal(false);
             if (dialog.IsWindow())
                 ::DestroyWindow(dialog.GetHandle());
         }
-        const TDialog& dialog;
+        TDialog& dialog;
     } const ending{*this};
+    Create();
+    // SetupWindow may have decided already.
+    if (!IsModal() || !IsWindow())
+        return GetModalResult();
     ShowWindow(SW_SHOW);
     return BeginModal(Parent);
 }
 
 bool TDialog::EvInitDialog(HWND focus) {
     static_cast<void>(focus);
+    SetWindowText(GetCaption().empty() ? GetWindowText() : GetCaption());
     SetupWindow();
     return true;
 }
 
 void TDialog::CloseWindow(int retVal) {
-    if (!CanClose())
+    if (!MayClose())
         return;
     TransferData(tdGetData);
     Destroy(retVal);
@@ -139,7 +141,7 @@ void TDialog::EvPaint() {
 bool TDialog::PreProcessMsg(MSG& msg) {
     if (TWindow::PreProcessMsg(msg))
         return true;
-    return IsKey(msg.message) && IsWindow() && ::IsDialogMessageA(GetHandle(), &msg);
+    return IsKeyMessage(msg.message) && IsWindow() && ::IsDialogMessageA(GetHandle(), &msg);
 }
 
 void TDialog::MapDialogRect(TRect& rect) const {
@@ -151,11 +153,7 @@ void TDialog::SetDlgItemText(int id, const char* text) {
 }
 
 std::string TDialog::GetDlgItemText(int id) const {
-    const HWND item = GetDlgItem(id);
-    std::string text(static_cast<std::size_t>(::GetWindowTextLengthA(item)), '\0');
-    const int length = ::GetWindowTextA(item, text.data(), static_cast<int>(text.size()) + 1);
-    text.resize(static_cast<std::size_t>(length));
-    return text;
+    return TextOfWindow(GetDlgItem(id));
 }
 
 void TDialog::CheckDlgButton(int id, UINT check) {

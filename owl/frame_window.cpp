@@ -52,8 +52,6 @@ const char* TFrameWindow::GetClassName() {
 void TFrameWindow::GetWindowClass(WNDCLASSA& windowClass) {
     TWindow::GetWindowClass(windowClass);
     windowClass.hIcon = ::LoadIconA(nullptr, reinterpret_cast<const char*>(IDI_APPLICATION));
-    if (m_client != nullptr)
-        windowClass.hbrBackground = nullptr;
 }
 
 // A client that somebody deletes takes itself out of the children.
@@ -67,13 +65,17 @@ TWindow* TFrameWindow::SetClientWindow(TWindow* client) {
     TWindow* const former = GetClientWindow();
     if (former == client)
         return nullptr;
-    if (former != nullptr)
+    if (former != nullptr) {
+        former->ShowWindow(SW_HIDE);
         former->SetParent(nullptr);
+    }
     m_client = client;
     if (client != nullptr) {
         client->SetParent(this);
         client->EnableAutoCreate();
-        if (IsWindow())
+        if (client->IsWindow())
+            client->ShowWindow(SW_SHOW);
+        else if (IsWindow())
             client->Create();
     }
     FitClient();
@@ -113,17 +115,20 @@ void TFrameWindow::FitClient() {
 }
 
 bool TFrameWindow::AssignMenu(TResId menu) {
+    if (IsWindow()) {
+        const HMENU loaded = ::LoadMenuA(GetInstance(), menu);
+        if (loaded == nullptr)
+            return false;
+        ::DestroyMenu(ExchangeMenu(loaded));
+    }
     Attr.Menu = menu;
-    if (!IsWindow())
-        return true;
-    const HMENU loaded = GetModule() != nullptr ? GetModule()->LoadMenu(menu) : nullptr;
-    if (loaded == nullptr)
-        return false;
-    const HMENU former = GetMenu();
-    SetMenu(loaded);
-    if (former != nullptr)
-        ::DestroyMenu(former);
     return true;
+}
+
+HMENU TFrameWindow::ExchangeMenu(HMENU menu) {
+    const HMENU former = GetMenu();
+    SetMenu(menu);
+    return former;
 }
 
 bool TFrameWindow::SetIcon(TModule* module, TResId icon) {
@@ -136,15 +141,28 @@ bool TFrameWindow::SetIcon(TModule* module, TResId icon) {
     return true;
 }
 
-// Offers to the objects from the one with the focus up to below the frame; true as soon as `body` is.
+HWND TFrameWindow::CommandTarget() const {
+    const TWindow* const client = GetClientWindow();
+    return client != nullptr && client->IsWindow() ? client->GetHandle() : GetHandle();
+}
+
+// Offers to the objects from the one with the focus up to below the frame, then to those that would be asked
+// if nobody had it; true as soon as `body` is.
 template <class Body>
 bool TFrameWindow::OfferToTargets(const Body& body) {
-    HWND target = ::GetFocus();
-    if (!IsChild(target))
-        target = GetClientWindow() != nullptr ? GetClientWindow()->GetHandle() : nullptr;
-    for (; target != nullptr && target != GetHandle(); target = ::GetParent(target)) {
+    const HWND focus = IsChild(::GetFocus()) ? ::GetFocus() : nullptr;
+    const auto asked = [focus](HWND target) { return target == focus || ::IsChild(target, focus); };
+    const auto offer = [&](HWND target) {
         TWindow* const window = FindWindowObject(target);
-        if (window != nullptr && body(*window))
+        return window != nullptr && body(*window);
+    };
+    for (HWND target = focus; target != nullptr && target != GetHandle(); target = ::GetParent(target)) {
+        if (offer(target))
+            return true;
+    }
+    for (HWND target = CommandTarget(); target != nullptr && target != GetHandle();
+         target = ::GetParent(target)) {
+        if (!asked(target) && offer(target))
             return true;
     }
     return false;
@@ -196,9 +214,14 @@ void TFrameWindow::EvInitMenuPopup(HMENU menu, UINT position, bool systemMenu) {
 }
 
 void TFrameWindow::EvActivate(UINT active, bool minimised, HWND other) {
-    if (active == WA_INACTIVE && IsChild(::GetFocus()))
-        m_focus = ::GetFocus();
+    if (active == WA_INACTIVE)
+        RememberFocus();
     TWindow::EvActivate(active, minimised, other);
+}
+
+void TFrameWindow::RememberFocus() {
+    if (IsChild(::GetFocus()))
+        m_focus = ::GetFocus();
 }
 
 void TFrameWindow::EvSetFocus(HWND lost) {
