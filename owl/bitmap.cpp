@@ -61,9 +61,8 @@ HBITMAP CopySection(HBITMAP source, const DIBSECTION& section) {
 HBITMAP CopyPixels(HBITMAP source, const BITMAP& shape) {
     std::vector<BYTE> pixels(static_cast<std::size_t>(shape.bmWidthBytes) *
                              static_cast<std::size_t>(shape.bmHeight) * shape.bmPlanes);
-    Require<TXGdi>("GetBitmapBits", [&] {
-        return ::GetBitmapBits(source, static_cast<LONG>(pixels.size()), pixels.data());
-    });
+    Require<TXGdi>("GetBitmapBits",
+                   [&] { return ::GetBitmapBits(source, static_cast<LONG>(pixels.size()), pixels.data()); });
     const HBITMAP copy =
         MakeOfBits(shape.bmWidth, shape.bmHeight, shape.bmPlanes, shape.bmBitsPixel, nullptr);
     ::SetBitmapBits(copy, static_cast<DWORD>(pixels.size()), pixels.data());

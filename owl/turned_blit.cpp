@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <iterator>
 #include <utility>
 #include <vector>
 
@@ -17,13 +18,33 @@ namespace {
 /// Of a strip that is drawn at once.
 constexpr int mostPixels = 1 << 20;
 
+/// Of all the strips that an enhanced metafile is to keep.
+constexpr std::int64_t mostRecorded = 1 << 26;
+
+/// All places that a turned picture can have.
+constexpr TRect everywhere(-(1 << 29), -(1 << 29), 1 << 29, 1 << 29);
+
+XFORM WorldOf(HDC dc) {
+    XFORM world = {1, 0, 0, 1, 0, 0};
+    if (::GetGraphicsMode(dc) == GM_ADVANCED)
+        ::GetWorldTransform(dc, &world);
+    return world;
+}
+
+bool IsTurned(const XFORM& world) {
+    return world.eM12 != 0 || world.eM21 != 0;
+}
+
+bool IsMirrored(const XFORM& world) {
+    return world.eM11 < 0 || world.eM22 < 0;
+}
+
 /// From the logical units of `dc` to its device's, in full precision: through the world, then through the
 /// page.
 TPictureTransform LogicalToDevice(HDC dc) {
-    XFORM world = {1, 0, 0, 1, 0, 0};
+    const XFORM world = WorldOf(dc);
     TPoint windowOrigin, viewportOrigin;
     TSize window(1, 1), viewport(1, 1);
-    ::GetWorldTransform(dc, &world);
     ::GetWindowOrgEx(dc, &windowOrigin);
     ::GetWindowExtEx(dc, &window);
     ::GetViewportOrgEx(dc, &viewportOrigin);
@@ -40,18 +61,30 @@ TPictureTransform LogicalToDevice(HDC dc) {
     return result;
 }
 
-/// From the pixels of a picture that fills `dest` to the device. `dest` need not be normal.
-TPictureTransform PictureToDevice(HDC dc, const TSize& picture, const TRect& dest) {
+/// Where a picture comes to lie in logical units.
+struct Place {
+    /// What the whole of what was asked for fills. Not normal where that is mirrored.
+    TRect dest;
+    /// The size of the whole in pixels.
+    TSize all;
+    /// Where in the whole the pixels begin that there are.
+    TPoint begin;
+};
+
+/// From the pixels of a picture to the device.
+TPictureTransform PictureToDevice(HDC dc, const Place& place) {
     const TPictureTransform t = LogicalToDevice(dc);
-    const double scaleX = static_cast<double>(dest.Width()) / picture.cx;
-    const double scaleY = static_cast<double>(dest.Height()) / picture.cy;
+    const double scaleX = static_cast<double>(place.dest.Width()) / place.all.cx;
+    const double scaleY = static_cast<double>(place.dest.Height()) / place.all.cy;
+    const double left = place.dest.left + scaleX * place.begin.x;
+    const double top = place.dest.top + scaleY * place.begin.y;
     TPictureTransform result;
     result.m11 = t.m11 * scaleX;
     result.m12 = t.m12 * scaleX;
     result.m21 = t.m21 * scaleY;
     result.m22 = t.m22 * scaleY;
-    result.dx = dest.left * t.m11 + dest.top * t.m21 + t.dx;
-    result.dy = dest.left * t.m12 + dest.top * t.m22 + t.dy;
+    result.dx = left * t.m11 + top * t.m21 + t.dx;
+    result.dy = left * t.m12 + top * t.m22 + t.dy;
     return result;
 }
 
@@ -74,8 +107,14 @@ private:
     int m_saved;
 };
 
-/// What of the device can be seen, in its own units.
+bool IsRecorded(HDC dc) {
+    return ::GetObjectType(dc) == OBJ_ENHMETADC;
+}
+
+/// What of the device can be seen, in its own units. An enhanced metafile is seen only when it is played.
 TRect VisiblePart(HDC dc) {
+    if (IsRecorded(dc))
+        return everywhere;
     TRect box;
     if (::GetClipBox(dc, &box) != ERROR)
         return box;
@@ -155,11 +194,21 @@ bool DrawInStrips(HDC dc, const TrueColorSection& picture, const TTurnedPicture&
     return true;
 }
 
-/// Draws the whole of `picture` to fill `dest`.
-bool Draw(HDC dc, const TrueColorSection& picture, const TRect& dest, unsigned long rop) {
-    const TTurnedPicture turned(picture.Size(), PictureToDevice(dc, picture.Size(), dest));
+bool Refuse() {
+    ::SetLastError(ERROR_INVALID_PARAMETER);
+    return false;
+}
+
+/// Draws the whole of `picture`.
+bool Draw(HDC dc, const TrueColorSection& picture, const Place& place, unsigned long rop) {
+    const TTurnedPicture turned(picture.Size(), PictureToDevice(dc, place));
     const DeviceUnits units(dc);
-    return units.IsGood() && DrawInStrips(dc, picture, turned, turned.Bounds() & VisiblePart(dc), rop);
+    if (!units.IsGood())
+        return false;
+    const TRect visible = turned.Bounds() & VisiblePart(dc);
+    if (IsRecorded(dc) && std::int64_t{visible.Width()} * visible.Height() > mostRecorded)
+        return Refuse();
+    return DrawInStrips(dc, picture, turned, visible, rop);
 }
 
 /// `dest` with those sides exchanged that are exchanged in `src`.
@@ -181,9 +230,15 @@ TRect WholePicture(const BITMAPINFO& info) {
     return TRect(0, 0, info.bmiHeader.biWidth, height < 0 ? detail::Difference(0, height) : height);
 }
 
-bool Refuse() {
-    ::SetLastError(ERROR_INVALID_PARAMETER);
-    return false;
+/// All that can be copied from `source`, in its logical units: of memory its bitmap.
+TRect WholeSource(HDC source) {
+    BITMAP bitmap{};
+    if (::GetObjectType(source) != OBJ_MEMDC ||
+        !::GetObject(::GetCurrentObject(source, OBJ_BITMAP), sizeof bitmap, &bitmap))
+        return everywhere;
+    TPoint corners[2] = {TPoint(), TPoint(bitmap.bmWidth, bitmap.bmHeight)};
+    ::DPtoLP(source, corners, 2);
+    return TRect(corners[0], corners[1]).Normalize();
 }
 
 constexpr COLORREF quarters[4] = {RGB(255, 0, 0), RGB(0, 255, 0), RGB(0, 0, 255), RGB(255, 255, 0)};
@@ -226,6 +281,21 @@ bool TurnsBy(double angle) {
     return right;
 }
 
+/// Whether half a turn of a picture of 2 by 2 pixels leaves it where it was.
+bool MirrorsWithinEdges() {
+    const TrueColorSection surface(3, 3);
+    if (!surface.IsGood())
+        return false;
+    const XFORM transform = {-1, 0, 0, -1, 2, 2};
+    const BITMAPINFO info = TrueColorInfo(2, 2);
+    const std::uint32_t picture[] = {1, 2, 3, 4};
+    ::SetGraphicsMode(surface.GetHDC(), GM_ADVANCED);
+    ::SetWorldTransform(surface.GetHDC(), &transform);
+    ::StretchDIBits(surface.GetHDC(), 0, 0, 2, 2, 0, 0, 2, 2, picture, &info, DIB_RGB_COLORS, SRCCOPY);
+    const std::uint32_t wanted[] = {4, 3, 0, 2, 1, 0, 0, 0, 0};
+    return std::equal(std::begin(wanted), std::end(wanted), surface.Pixels());
+}
+
 }  // namespace
 
 bool PlatformTurnsPictures() {
@@ -233,30 +303,46 @@ bool PlatformTurnsPictures() {
     return turns;
 }
 
+bool PlatformMirrorsPictures() {
+    static const bool mirrors = MirrorsWithinEdges();
+    return mirrors;
+}
+
 bool NeedsTurnedPictures(HDC dc) {
-    XFORM world;
-    if (::GetGraphicsMode(dc) != GM_ADVANCED || !::GetWorldTransform(dc, &world))
-        return false;
-    return (world.eM12 != 0 || world.eM21 != 0) && !PlatformTurnsPictures();
+    const XFORM world = WorldOf(dc);
+    if (IsTurned(world))
+        return !PlatformTurnsPictures();
+    return IsMirrored(world) && !PlatformMirrorsPictures();
 }
 
 bool StretchTurnedDIBits(HDC dc, const TRect& dest, const TRect& src, const void* bits,
                          const BITMAPINFO* info, unsigned int usage, unsigned long rop) {
-    if (!bits || !info || !WholePicture(*info).Contains(src.Normalized()))
+    if (!bits || !info)
         return Refuse();
-    const TRect part = src.Normalized();
+    const TRect asked = src.Normalized();
+    const TRect part = asked & WholePicture(*info);
+    if (part.IsEmpty())
+        return !asked.IsEmpty() || Refuse();
     const TrueColorSection picture(part.Width(), part.Height());
     if (!picture.IsGood())
         return Refuse();
     if (usage == DIB_PAL_COLORS)
         ::SelectPalette(picture.GetHDC(), static_cast<HPALETTE>(::GetCurrentObject(dc, OBJ_PAL)), TRUE);
-    ::StretchDIBits(picture.GetHDC(), 0, 0, part.Width(), part.Height(), part.left, part.top, part.Width(),
-                    part.Height(), bits, info, usage, SRCCOPY);
-    return Draw(dc, picture, MirroredAlike(dest, src), rop);
+    if (!::StretchDIBits(picture.GetHDC(), 0, 0, part.Width(), part.Height(), part.left, part.top,
+                         part.Width(), part.Height(), bits, info, usage, SRCCOPY))
+        return false;
+    // The part is counted upward.
+    const TPoint begin(part.left - asked.left, asked.bottom - part.bottom);
+    return Draw(dc, picture, {MirroredAlike(dest, src), asked.Size(), begin}, rop);
 }
 
 bool StretchTurned(HDC dc, const TRect& dest, HDC source, const TRect& from, unsigned long rop) {
-    const TRect part = from.Normalized();
+    const TRect asked = from.Normalized();
+    if (IsTurned(WorldOf(source)))
+        return Refuse();
+    const TRect part = asked & WholeSource(source);
+    if (part.IsEmpty())
+        return !asked.IsEmpty() || Refuse();
     const TrueColorSection picture(part.Width(), part.Height());
     if (!picture.IsGood())
         return Refuse();
@@ -265,7 +351,8 @@ bool StretchTurned(HDC dc, const TRect& dest, HDC source, const TRect& from, uns
     ::SetBkColor(picture.GetHDC(), ::GetBkColor(dc));
     if (!::BitBlt(picture.GetHDC(), 0, 0, part.Width(), part.Height(), source, part.left, part.top, SRCCOPY))
         return false;
-    return Draw(dc, picture, MirroredAlike(dest, from), rop);
+    const TPoint begin(part.left - asked.left, part.top - asked.top);
+    return Draw(dc, picture, {MirroredAlike(dest, from), asked.Size(), begin}, rop);
 }
 
 }  // namespace owl
