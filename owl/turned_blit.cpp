@@ -4,11 +4,11 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <iterator>
 #include <utility>
 #include <vector>
 
+#include "owl/device_space.h"
 #include "owl/true_color_section.h"
 #include "owl/turned_picture.h"
 
@@ -20,46 +20,6 @@ constexpr int mostPixels = 1 << 20;
 
 /// Of all the strips that an enhanced metafile is to keep.
 constexpr std::int64_t mostRecorded = 1 << 26;
-
-/// All places that a turned picture can have.
-constexpr TRect everywhere(-(1 << 29), -(1 << 29), 1 << 29, 1 << 29);
-
-XFORM WorldOf(HDC dc) {
-    XFORM world = {1, 0, 0, 1, 0, 0};
-    if (::GetGraphicsMode(dc) == GM_ADVANCED)
-        ::GetWorldTransform(dc, &world);
-    return world;
-}
-
-bool IsTurned(const XFORM& world) {
-    return world.eM12 != 0 || world.eM21 != 0;
-}
-
-bool IsMirrored(const XFORM& world) {
-    return world.eM11 < 0 || world.eM22 < 0;
-}
-
-/// From the logical units of `dc` to its device's, in full precision: through the world, then through the
-/// page.
-TPictureTransform LogicalToDevice(HDC dc) {
-    const XFORM world = WorldOf(dc);
-    TPoint windowOrigin, viewportOrigin;
-    TSize window(1, 1), viewport(1, 1);
-    ::GetWindowOrgEx(dc, &windowOrigin);
-    ::GetWindowExtEx(dc, &window);
-    ::GetViewportOrgEx(dc, &viewportOrigin);
-    ::GetViewportExtEx(dc, &viewport);
-    const double scaleX = static_cast<double>(viewport.cx) / window.cx;
-    const double scaleY = static_cast<double>(viewport.cy) / window.cy;
-    TPictureTransform result;
-    result.m11 = world.eM11 * scaleX;
-    result.m12 = world.eM12 * scaleY;
-    result.m21 = world.eM21 * scaleX;
-    result.m22 = world.eM22 * scaleY;
-    result.dx = (static_cast<double>(world.eDx) - windowOrigin.x) * scaleX + viewportOrigin.x;
-    result.dy = (static_cast<double>(world.eDy) - windowOrigin.y) * scaleY + viewportOrigin.y;
-    return result;
-}
 
 /// Where a picture comes to lie in logical units.
 struct Place {
@@ -86,39 +46,6 @@ TPictureTransform PictureToDevice(HDC dc, const Place& place) {
     result.dx = left * t.m11 + top * t.m21 + t.dx;
     result.dy = left * t.m12 + top * t.m22 + t.dy;
     return result;
-}
-
-/// Makes the device's units the logical ones, as long as it lives. The clip region stays.
-class DeviceUnits {
-public:
-    explicit DeviceUnits(HDC dc) : m_dc(dc), m_saved(::SaveDC(dc)) {
-        ::ModifyWorldTransform(dc, nullptr, MWT_IDENTITY);
-        ::SetMapMode(dc, MM_TEXT);
-        ::SetWindowOrgEx(dc, 0, 0, nullptr);
-        ::SetViewportOrgEx(dc, 0, 0, nullptr);
-    }
-    ~DeviceUnits() { ::RestoreDC(m_dc, m_saved); }
-    DeviceUnits(const DeviceUnits&) = delete;
-    DeviceUnits& operator=(const DeviceUnits&) = delete;
-    bool IsGood() const { return m_saved != 0; }
-
-private:
-    HDC m_dc;
-    int m_saved;
-};
-
-bool IsRecorded(HDC dc) {
-    return ::GetObjectType(dc) == OBJ_ENHMETADC;
-}
-
-/// What of the device can be seen, in its own units. An enhanced metafile is seen only when it is played.
-TRect VisiblePart(HDC dc) {
-    if (IsRecorded(dc))
-        return everywhere;
-    TRect box;
-    if (::GetClipBox(dc, &box) != ERROR)
-        return box;
-    return TRect(0, 0, ::GetDeviceCaps(dc, HORZRES), ::GetDeviceCaps(dc, VERTRES));
 }
 
 /// Some rows of the turned picture.
@@ -159,20 +86,10 @@ private:
     }
 
     bool ClipToCovered(HDC dc) const {
-        const std::size_t bytes = m_covered.size() * sizeof(RECT);
-        std::vector<char> data(sizeof(RGNDATAHEADER) + bytes);
-        RGNDATAHEADER header{};
-        header.dwSize = sizeof header;
-        header.iType = RDH_RECTANGLES;
-        header.nCount = static_cast<DWORD>(m_covered.size());
-        header.nRgnSize = static_cast<DWORD>(bytes);
-        header.rcBound = m_rect;
-        std::memcpy(data.data(), &header, sizeof header);
-        std::memcpy(data.data() + sizeof header, m_covered.data(), bytes);
-        const HRGN region = ::ExtCreateRegion(nullptr, static_cast<DWORD>(data.size()),
-                                              reinterpret_cast<const RGNDATA*>(data.data()));
+        const HRGN region = MakeRegion(m_covered);
         const bool clipped = region && ::ExtSelectClipRgn(dc, region, RGN_AND) != ERROR;
-        ::DeleteObject(region);
+        if (region)
+            ::DeleteObject(region);
         return clipped;
     }
 

@@ -43,6 +43,9 @@ public:
     /// The places of row `y` that the picture covers: those whose middle falls on it. Empty if there are
     /// none.
     TRun RunOf(int y) const;
+    /// Likewise of a part of the picture. Parts without a pixel in common have no place in common, and those
+    /// that fill the picture leave none out.
+    TRun RunOf(int y, const TRect& part) const;
 
     /// Which pixel of the picture is seen at a covered place. Of another place the pixel at the nearest edge
     /// or corner.
@@ -63,7 +66,7 @@ private:
         double At(int x, int y) const;
     };
 
-    TRun Between(const Back& back, int y, int limit) const;
+    TRun Between(const Back& back, int y, int from, int limit) const;
 
     TSize m_picture;
     Back m_backX;

@@ -209,4 +209,37 @@ TEST(TurnedPicture, leaves_out_what_is_too_far_away_to_count) {
     EXPECT_EQ(TPoint(5, 5), turned.SourceOf(0, 0));
 }
 
+// The places of a chequered picture of 12 by 8, of which each pixel is asked for alone, by their pixel.
+TEST(TurnedPicture, parts_that_fill_it_share_no_place_and_leave_none_out) {
+    const TPictureTransform transforms[] = {Turned(0.6, 3, 2),
+                                            Turned(pi / 4, 0, 0),
+                                            {0.5, 0, 0, 0.5, 0, 0},
+                                            {-1.5, 0.25, 0.5, 2, 1, 1},
+                                            {0.6, 0.8, -0.8, 0.6, 0, 0}};
+    for (const TPictureTransform& transform : transforms) {
+        const TTurnedPicture turned(TSize(12, 8), transform);
+        for (int y = turned.Bounds().top; y < turned.Bounds().bottom; ++y) {
+            const TTurnedPicture::TRun all = turned.RunOf(y);
+            std::vector<int> times(static_cast<std::size_t>(all.end - all.begin));
+            for (int part = 0; part < 12 * 8; ++part) {
+                const TPoint pixel(part % 12, part / 12);
+                const TTurnedPicture::TRun run = turned.RunOf(y, TRect(pixel, TSize(1, 1)));
+                for (int x = run.begin; x < run.end; ++x) {
+                    EXPECT_EQ(pixel, turned.SourceOf(x, y));
+                    ++times.at(static_cast<std::size_t>(x - all.begin));
+                }
+            }
+            EXPECT_EQ(std::vector<int>(times.size(), 1), times) << y;
+        }
+    }
+}
+
+TEST(TurnedPicture, a_part_that_reaches_beyond_it_is_cut_off) {
+    const TTurnedPicture turned(TSize(3, 2), {});
+    EXPECT_EQ(1, turned.RunOf(0, TRect(1, -5, 99, 5)).begin);
+    EXPECT_EQ(3, turned.RunOf(0, TRect(1, -5, 99, 5)).end);
+    for (const TRect& part : {TRect(), TRect(3, 0, 9, 2), TRect(2, 1, 1, 0), TRect(0, 1, 3, 2)})
+        EXPECT_EQ(turned.RunOf(0, part).begin, turned.RunOf(0, part).end);
+}
+
 }  // namespace
