@@ -112,6 +112,8 @@ TBitmap::TBitmap(const TClipboard& clipboard)
 TBitmap::TBitmap(const TDib& dib, const TPalette* palette)
     : TGdiObject(MakeOfPicture(dib, palette), AutoDelete) {}
 
+TBitmap::~TBitmap() = default;
+
 bool TBitmap::GetObject(BITMAP& description) const {
     description = {};
     return ::GetObject(GetHandle(), sizeof description, &description) != 0;

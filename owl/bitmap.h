@@ -34,6 +34,7 @@ public:
     explicit TBitmap(const TClipboard& clipboard);
     /// The picture with the depth of the screen, its palette colours met by `palette` if that is not null.
     explicit TBitmap(const TDib& dib, const TPalette* palette = nullptr);
+    ~TBitmap() override;
 
     operator HBITMAP() const { return static_cast<HBITMAP>(GetHandle()); }
 
