@@ -48,15 +48,30 @@ TPictureTransform PictureToDevice(HDC dc, const Place& place) {
     return result;
 }
 
+/// From the first place of both to the last one.
+TTurnedPicture::TRun Hull(const TTurnedPicture::TRun& a, const TTurnedPicture::TRun& b) {
+    if (a.begin >= a.end)
+        return b;
+    if (b.begin >= b.end)
+        return a;
+    return {std::min(a.begin, b.begin), std::max(a.end, b.end)};
+}
+
 /// Some rows of the turned picture.
 class Strip {
 public:
     Strip(const TrueColorSection& picture, const TTurnedPicture& turned, const TRect& rect)
         : m_rect(rect),
           m_pixels(static_cast<std::size_t>(rect.Width()) * static_cast<std::size_t>(rect.Height())) {
-        const std::uint32_t* const pixels = picture.Pixels();
-        for (int y = rect.top; y < rect.bottom; ++y)
-            FillRow(pixels, picture.Size().cx, turned, y);
+        TTurnedPicture::TRun above = turned.RunOf(rect.top - 1);
+        TTurnedPicture::TRun here = turned.RunOf(rect.top);
+        for (int y = rect.top; y < rect.bottom; ++y) {
+            const TTurnedPicture::TRun below = turned.RunOf(y + 1);
+            CoverRow(here, y);
+            FillRow(picture, turned, Hull(Hull(above, below), here), y);
+            above = here;
+            here = below;
+        }
     }
 
     bool DrawOn(HDC dc, unsigned long rop) const {
@@ -73,16 +88,23 @@ public:
     }
 
 private:
-    void FillRow(const std::uint32_t* pixels, std::ptrdiff_t stride, const TTurnedPicture& turned, int y) {
-        const TTurnedPicture::TRun run = turned.RunOf(y);
-        const int begin = std::max<int>(run.begin, m_rect.left);
-        const int end = std::min<int>(run.end, m_rect.right);
-        if (begin >= end)
+    void CoverRow(const TTurnedPicture::TRun& run, int y) {
+        const TRect row = TRect(run.begin, y, run.end, y + 1) & m_rect;
+        if (!row.IsEmpty())
+            m_covered.push_back(row);
+    }
+
+    /// Also the places about those that are covered: a printer clips by outlines and not by pixels, and shows
+    /// some of them.
+    void FillRow(const TrueColorSection& picture, const TTurnedPicture& turned,
+                 const TTurnedPicture::TRun& run, int y) {
+        const TRect row = TRect(run.begin - 1, y, run.end + 1, y + 1) & m_rect;
+        if (run.begin >= run.end || row.IsEmpty())
             return;
-        m_covered.push_back(TRect(begin, y, end, y + 1));
-        std::uint32_t* const row =
-            m_pixels.data() + static_cast<std::ptrdiff_t>(y - m_rect.top) * m_rect.Width();
-        turned.CopyRun(pixels, stride, y, {begin, end}, row + (begin - m_rect.left));
+        std::uint32_t* const out = m_pixels.data() +
+                                   static_cast<std::ptrdiff_t>(y - m_rect.top) * m_rect.Width() +
+                                   (row.left - m_rect.left);
+        turned.CopyRun(picture.Pixels(), picture.Size().cx, y, {row.left, row.right}, out);
     }
 
     bool ClipToCovered(HDC dc) const {

@@ -51,9 +51,9 @@ public:
     /// or corner.
     TPoint SourceOf(int x, int y) const;
 
-    /// Writes the pixels that are seen at the places of `run`, which is covered, one after the other to
-    /// `out`. Those of the picture are 32 bits each, its rows `stride` pixels apart, the upper one, where y
-    /// is 0, first.
+    /// Writes the pixels of SourceOf() for the places of `run`, one after the other, to `out`. Those of the
+    /// picture are 32 bits each, its rows `stride` pixels apart, the upper one, where y is 0, first.
+    /// Requires: the picture covers something.
     void CopyRun(const std::uint32_t* picture, std::ptrdiff_t stride, int y, const TRun& run,
                  std::uint32_t* out) const;
 

@@ -494,6 +494,26 @@ TEST(TurnedBlit, is_recorded_by_an_enhanced_metafile) {
     EXPECT_EQ('.', Surface::Letter(surface.At(16, 16)));
 }
 
+// It had a black seam: what is played larger, or printed, is clipped by outlines and not by pixels.
+TEST(TurnedBlit, has_no_seam_when_it_is_played_larger) {
+    const HDC recording = ::CreateEnhMetaFileA(nullptr, nullptr, nullptr, nullptr);
+    {
+        TDC dc(recording);
+        SetTransform(dc, Turn(0.6, 20, 20));
+        dc.StretchDIBits(TRect(-10, -10, 10, 10), TRect(0, 0, 2, 2), Quarters().Bits(), Quarters().Info());
+    }
+    const HENHMETAFILE metafile = ::CloseEnhMetaFile(recording);
+    for (const int side : {50, 73, 110}) {
+        Surface surface(side, side);
+        surface.dc.SetStretchBltMode(COLORONCOLOR);
+        const RECT all = {0, 0, side, side};
+        EXPECT_TRUE(::PlayEnhMetaFile(surface.dc, metafile, &all));
+        EXPECT_EQ(std::string::npos, surface.Picture().find('#')) << side;
+        EXPECT_NE(std::string::npos, surface.Picture().find('Y')) << side;
+    }
+    ::DeleteEnhMetaFile(metafile);
+}
+
 /// The bounds that an enhanced metafile notes of a picture of 40 by 40, drawn turned about a place.
 TRect RecordedBounds(float x, float y, int side, bool& drawn) {
     const HDC recording = ::CreateEnhMetaFileA(nullptr, nullptr, nullptr, nullptr);

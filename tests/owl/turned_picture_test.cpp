@@ -242,4 +242,21 @@ TEST(TurnedPicture, a_part_that_reaches_beyond_it_is_cut_off) {
         EXPECT_EQ(turned.RunOf(0, part).begin, turned.RunOf(0, part).end);
 }
 
+// Printers show some of the places about a picture.
+TEST(TurnedPicture, copies_the_nearest_pixels_to_places_that_it_does_not_cover) {
+    std::vector<std::uint32_t> picture(12 * 8);
+    for (std::uint32_t i = 0; i < picture.size(); ++i)
+        picture[i] = i;
+    const TTurnedPicture turned(TSize(12, 8), Turned(0.6, 3, 2));
+    for (int y = turned.Bounds().top - 1; y <= turned.Bounds().bottom; ++y) {
+        std::vector<std::uint32_t> row(40, 999);
+        turned.CopyRun(picture.data(), 12, y, {-20, 20}, row.data());
+        for (int x = -20; x < 20; ++x) {
+            const TPoint source = turned.SourceOf(x, y);
+            ASSERT_EQ(static_cast<std::uint32_t>(source.y * 12 + source.x),
+                      row[static_cast<std::size_t>(x + 20)]);
+        }
+    }
+}
+
 }  // namespace
