@@ -3,6 +3,8 @@
 // Everything that the library offers on this system.
 #pragma once
 
+#include "lvx/drawing/colours.h"
+#include "lvx/drawing/point_array.h"
 #include "lvx/files/mru_list.h"
 #include "lvx/files/mru_menu.h"
 #include "lvx/files/path_string.h"
