@@ -1,5 +1,5 @@
-// Tools and ports in random sequences of whatever a host may do with them, beside a model of a few lines: which
-// tool each port uses, what value each tool has, and which ports are open.
+// Tools and ports in random sequences of whatever a host may do with them, beside a model of a few lines:
+// which tool each port uses, what value each tool has, and which ports are open.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -23,8 +23,8 @@ std::string hex(COLORREF colour) {
     return text;
 }
 
-// For each kind of tool: how it is made of a value, changed and used, and what a context has to show for it. The
-// value 0 stands for a port's own tool.
+// For each kind of tool: how it is made of a value, changed and used, and what a context has to show for it.
+// The value 0 stands for a port's own tool.
 
 struct Pens {
     using Tool = LVXPen;
