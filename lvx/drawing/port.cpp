@@ -102,7 +102,10 @@ bool Port::usePen(LVXPen* pen) {
     take_up(this, m_pen, m_ownPen, pen);
     if (IsOpen()) {
         m_dc->SelectObject(static_cast<const owl::TPen&>(*m_pen));
-        m_dc->SetTextColor(m_pen->colour());
+        // Asking costs a tenth of setting, and this is done behind every shape.
+        if (m_dc->GetTextColor() != m_pen->colour()) {
+            m_dc->SetTextColor(m_pen->colour());
+        }
     }
     return true;
 }
@@ -111,7 +114,9 @@ bool Port::useBrush(LVXBrush* brush) {
     take_up(this, m_brush, m_ownBrush, brush);
     if (IsOpen()) {
         m_dc->SelectObject(static_cast<const owl::TBrush&>(*m_brush));
-        m_dc->SetBkColor(m_brush->background());
+        if (m_dc->GetBkColor() != m_brush->background()) {
+            m_dc->SetBkColor(m_brush->background());
+        }
     }
     return true;
 }
