@@ -336,6 +336,9 @@ protected:
     void FinishCreation();
     /// What the menu argument of a window's creation is: a child's id, or the menu of Attr, loaded.
     HMENU MenuOrId() const;
+    /// Called when `child` is no child of this one any more. It may be about to end: of such a one only the
+    /// address is of use. By itself nothing. Not called for the children that end with this object.
+    virtual void ChildLeft(const TWindow& child);
 
 private:
     friend struct WindowProcedures;
