@@ -79,14 +79,15 @@ void TFrameWindow::SetupWindow() {
         SendMessage(WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(m_icon));
     if (m_shrinkToClient)
         ShrinkToClient();
-    FitClient();
+    ArrangeBars();
 }
 
 void TFrameWindow::ShrinkToClient() {
     const TWindow* const client = GetClientWindow();
     if (client == nullptr)
         return;
-    RECT rect{0, 0, client->Attr.W, client->Attr.H};
+    const TSize bars = RoomForBars();
+    RECT rect{0, 0, client->Attr.W + bars.cx, client->Attr.H + bars.cy};
     ::AdjustWindowRectEx(&rect, GetStyle(), ::GetMenu(GetHandle()) != nullptr, GetExStyle());
     SetWindowPos(nullptr, 0, 0, rect.right - rect.left, rect.bottom - rect.top,
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
@@ -95,7 +96,7 @@ void TFrameWindow::ShrinkToClient() {
 void TFrameWindow::FitClient() {
     TWindow* const client = GetClientWindow();
     if (client != nullptr && client->IsWindow() && IsWindow())
-        client->MoveWindow(GetClientRect());
+        client->MoveWindow(GetClientRoom());
 }
 
 bool TFrameWindow::AssignMenu(TResId menu) {
@@ -198,7 +199,7 @@ void TFrameWindow::EvSetFocus(HWND lost) {
 void TFrameWindow::EvSize(UINT how, const TSize& size) {
     TWindow::EvSize(how, size);
     if (how != SIZE_MINIMIZED)
-        FitClient();
+        ArrangeBars();
 }
 
 }  // namespace owl
