@@ -141,7 +141,7 @@ private:
 
     TGadget* Receiver(const TPoint& point) const;
     void NoteMouse(UINT modifiers, const TPoint& point);
-    void AskToBeToldWhenMouseLeaves();
+    void ListenForLeaving();
     void LoseCapture();
     void LoseMouse();
     LRESULT EvCaptureChanged(WPARAM wParam, LPARAM lParam);

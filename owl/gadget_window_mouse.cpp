@@ -36,6 +36,7 @@ void TGadgetWindow::GadgetReleaseCapture(TGadget& gadget) {
         return;
     m_capture = nullptr;
     ReleaseCapture();
+    ListenForLeaving();
 }
 
 // Who gets the buttons of the mouse.
@@ -92,11 +93,14 @@ void TGadgetWindow::NoteMouse(UINT modifiers, const TPoint& point) {
     if (gadget == nullptr || !Holds(gadget))
         return;
     m_atMouse = gadget;
-    AskToBeToldWhenMouseLeaves();
+    ListenForLeaving();
     gadget->MouseEnter(modifiers, InGadget(*gadget, point));
 }
 
-void TGadgetWindow::AskToBeToldWhenMouseLeaves() {
+// The system tells once, and may have told while the mouse was captured, when it did not matter.
+void TGadgetWindow::ListenForLeaving() {
+    if (m_atMouse == nullptr)
+        return;
     TRACKMOUSEEVENT track{sizeof track, TME_LEAVE, GetHandle(), 0};
     ::TrackMouseEvent(&track);
 }
@@ -118,8 +122,10 @@ LRESULT TGadgetWindow::EvMouseLeave(WPARAM, LPARAM) {
 void TGadgetWindow::LoseCapture() {
     TGadget* const former = m_capture;
     m_capture = nullptr;
-    if (former != nullptr)
-        former->MouseMove(0, nowhere);
+    if (former == nullptr)
+        return;
+    former->MouseMove(0, nowhere);
+    ListenForLeaving();
 }
 
 LRESULT TGadgetWindow::EvCaptureChanged(WPARAM, LPARAM lParam) {

@@ -155,6 +155,23 @@ TEST_F(BarMouse, that_is_let_go_outside_of_the_bar_is_at_no_gadget) {
     EXPECT_EQ(nullptr, bar->AtMouse());
 }
 
+// The hint of a button stayed when the mouse went away after a press that had strayed.
+TEST_F(BarMouse, leaves_a_gadget_though_it_was_away_while_it_was_captured) {
+    ASSERT_TRUE(Move(7, 8));
+    mouse::PressLeft();
+    EXPECT_TOLD(first, "enter 5,6", "down 5,6");
+    ASSERT_TRUE(Move(100, 200));
+    EXPECT_TOLD(first, "move 98,198");
+    // Longer than the system takes to notice.
+    desk::PumpUntil([] { return false; }, 1000);
+    ASSERT_TRUE(Move(8, 8));
+    EXPECT_TOLD(first, "move 6,6");
+    mouse::ReleaseLeft();
+    EXPECT_TOLD(first, "up 6,6");
+    ASSERT_TRUE(mouse::MoveAway());
+    EXPECT_TOLD(first, "leave");
+}
+
 TEST_F(BarMouse, that_somebody_takes_away_seems_to_be_drawn_off) {
     ASSERT_TRUE(Move(7, 8));
     mouse::PressLeft();
