@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "owl/command_enabler.h"
+#include "owl/dialog.h"
 #include "owl/tooltip.h"
 #include "tests/owl/gadget_ids.h"
 #include "tests/owl/gadget_probe.h"
@@ -34,6 +35,66 @@ public:
 
 DEFINE_RESPONSE_TABLE1(Frame, owl::TFrameWindow)
     EV_COMMAND_ENABLE(CM_GADGET_PRINT, CePrint), EV_COMMAND_ENABLE(CM_GADGET_HINT_ALONE, CeHintAlone),
+END_RESPONSE_TABLE;
+
+/// A gadget that gives its command when it is let go.
+class Button : public Probe {
+public:
+    using Probe::Probe;
+
+    void LButtonUp(UINT modifiers, const TPoint& point) override {
+        Probe::LButtonUp(modifiers, point);
+        if (PtIn(point))
+            GetGadgetWindow()->PostMessage(WM_COMMAND, static_cast<WPARAM>(GetId()));
+    }
+};
+
+/// A modal dialog with a bar. Its user rests on the bar's button until a tip shows, and clicks then.
+class BarDialog : public owl::TDialog {
+public:
+    explicit BarDialog(owl::TWindow* parent)
+        : TDialog(parent, IDD_GADGET_DIALOG),
+          m_bar(new TControlBar(this)),
+          m_button(new Button(CM_GADGET_SAVE)) {
+        m_bar->Attr.W = 200;
+        m_bar->Insert(*m_button);
+    }
+    void SetupWindow() override {
+        TDialog::SetupWindow();
+        m_bar->GetTooltip()->SetDelay(TTooltip::Initial, 50);
+        SetTimer(1, 50);
+    }
+    void EvTimer(UINT) {
+        if (++m_ticks > 100)
+            EndModal(IDCANCEL);
+        // To and fro: some systems take no notice of the first place behind a window's coming.
+        const bool tipShows = m_bar->GetTooltip()->IsWindowVisible();
+        if (!tipShows && m_ticks % 10 < 2)
+            MoveMouse(5 + m_ticks % 10);
+        if (!tipShows || !tip.empty())
+            return;
+        tip = m_bar->GetTooltip()->GetWindowText();
+        mouse::PressLeft();
+        mouse::ReleaseLeft();
+    }
+    void CmSave() { EndModal(CM_GADGET_SAVE); }
+
+    std::string tip;
+
+    DECLARE_RESPONSE_TABLE(BarDialog);
+
+    void MoveMouse(int x) {
+        TPoint point(x, 10);
+        m_bar->ClientToScreen(point);
+        ::SetCursorPos(point.x, point.y);
+    }
+    TControlBar* m_bar;
+    Button* m_button;
+    int m_ticks = 0;
+};
+
+DEFINE_RESPONSE_TABLE1(BarDialog, owl::TDialog)
+    EV_WM_TIMER, EV_COMMAND(CM_GADGET_SAVE, CmSave),
 END_RESPONSE_TABLE;
 
 struct ControlBar : testing::Test {
@@ -164,6 +225,12 @@ TEST_F(ControlBar, shows_the_tips_of_its_controls_too) {
     mouse::MoveTo(*field, TPoint(11, 10));
     ASSERT_TRUE(desk::PumpUntil([&] { return bar->GetTooltip()->IsWindowVisible(); }, 3000));
     EXPECT_EQ("Save", TextOfTip());
+}
+
+TEST_F(ControlBar, in_a_modal_dialog_shows_tips_and_gives_commands) {
+    BarDialog dialog(frame);
+    EXPECT_EQ(CM_GADGET_SAVE, dialog.Execute());
+    EXPECT_EQ("Save", dialog.tip);
 }
 
 TEST_F(ControlBar, hands_other_notifications_on) {
