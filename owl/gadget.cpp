@@ -1,6 +1,7 @@
 #include "owl/gadget.h"
 
 #include "owl/brush.h"
+#include "owl/carried_exception.h"
 #include "owl/dc.h"
 #include "owl/gadget_window.h"
 
@@ -29,9 +30,15 @@ TGadget::TGadget(int id, TBorderStyle style) : m_id(id) {
     SetBorderStyle(style);
 }
 
+// The others are laid out anew, which may fail for reasons of theirs.
 TGadget::~TGadget() {
-    if (m_window != nullptr)
+    if (m_window == nullptr)
+        return;
+    try {
         m_window->Remove(*this);
+    } catch (...) {
+        CarryException();
+    }
 }
 
 void TGadget::SetEnabled(bool enabled) {

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "owl/carried_exception.h"
 #include "owl/command_enabler.h"
 #include "owl/command_text.h"
 #include "owl/error.h"
@@ -34,7 +35,7 @@ TGadgetWindow::TGadgetWindow(TWindow* parent, TTileDirection direction, TFont* f
 
 TGadgetWindow::~TGadgetWindow() {
     m_capture = m_atMouse = nullptr;
-    SetHintCommand(no_command);
+    EndHint();
     while (!m_gadgets.empty()) {
         TGadget* const gadget = m_gadgets.back();
         m_gadgets.pop_back();
@@ -61,10 +62,10 @@ void TGadgetWindow::SetupWindow() {
 }
 
 void TGadgetWindow::CleanupWindow() {
+    m_setUp = false;
     LoseCapture();
     LoseMouse();
-    SetHintCommand(no_command);
-    m_setUp = false;
+    EndHint();
     TWindow::CleanupWindow();
 }
 
@@ -114,7 +115,16 @@ void TGadgetWindow::LetGoOf(const TGadget& gadget) {
     if (atMouse)
         m_atMouse = nullptr;
     if ((captured || atMouse) && gadget.GetId() == m_hintCommand)
+        EndHint();
+}
+
+// For what ends and cannot fail: who shows the hint may.
+void TGadgetWindow::EndHint() noexcept {
+    try {
         SetHintCommand(no_command);
+    } catch (...) {
+        CarryException();
+    }
 }
 
 TGadget* TGadgetWindow::FirstGadget() const {

@@ -97,7 +97,7 @@ public:
     /// The gadget that the mouse is over, or null. While a gadget captures the mouse that stays as it was.
     TGadget* AtMouse() const { return m_atMouse; }
     /// Brings all messages of the mouse to `gadget` until GadgetReleaseCapture. False if another one has the
-    /// mouse, or if the gadget is not in this bar.
+    /// mouse, if the gadget is not in this bar, or if the bar has no window.
     bool GadgetSetCapture(TGadget& gadget);
     /// Nothing happens if another gadget or none has the mouse.
     void GadgetReleaseCapture(TGadget& gadget);
@@ -132,6 +132,7 @@ private:
     void ForEachGadget(const std::function<void(TGadget&)>& body);
     bool HasFunctionFor(UINT event, UINT id, UINT notifyCode = 0);
     void LetGoOf(const TGadget& gadget);
+    void EndHint() noexcept;
 
     int Along(const TSize& size) const;
     int Across(const TSize& size) const;

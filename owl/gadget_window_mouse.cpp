@@ -23,7 +23,7 @@ TGadget* TGadgetWindow::GadgetFromPoint(const TPoint& point) const {
 }
 
 bool TGadgetWindow::GadgetSetCapture(TGadget& gadget) {
-    if (!Holds(&gadget) || (m_capture != nullptr && m_capture != &gadget))
+    if (!IsWindow() || !Holds(&gadget) || (m_capture != nullptr && m_capture != &gadget))
         return false;
     m_capture = &gadget;
     SetCapture();

@@ -199,6 +199,18 @@ TEST_F(FrameBars, leave_their_room_when_they_end_or_go) {
     delete second;
 }
 
+TEST_F(FrameBars, may_go_to_another_frame) {
+    auto* bar = Plain(5, 20);
+    frame->Insert(*bar);
+    TFrameWindow other(nullptr, "other");
+    desk::Place(other);
+    other.Create();
+    other.Insert(*bar);
+    EXPECT_EQ(&other, bar->Parent);
+    EXPECT_EQ(20, other.GetClientRoom().top);
+    EXPECT_EQ(TRect(0, 0, 300, 200), frame->GetClientRoom());
+}
+
 // A later child may stand where the bar's object stood in memory.
 TEST_F(FrameBars, that_end_do_not_make_bars_of_others) {
     const auto memory = std::make_unique<std::byte[]>(sizeof(TWindow));

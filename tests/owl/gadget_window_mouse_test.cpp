@@ -198,6 +198,15 @@ TEST_F(BarMouse, has_one_captor_at_a_time) {
     EXPECT_FALSE(bar->GadgetSetCapture(stranger));
 }
 
+TEST_F(BarMouse, cannot_be_captured_without_a_window) {
+    bar->Destroy();
+    first->LButtonDown(0, TPoint());
+    EXPECT_FALSE(bar->GadgetSetCapture(*first));
+    bar->Create();
+    EXPECT_TRUE(bar->GadgetSetCapture(*second));
+    bar->GadgetReleaseCapture(*second);
+}
+
 TEST_F(BarMouse, is_free_when_its_captor_is_removed) {
     ASSERT_TRUE(Move(7, 8));
     mouse::PressLeft();

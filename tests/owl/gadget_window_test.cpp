@@ -388,6 +388,65 @@ TEST_F(BarCommands, have_no_mode_of_hints_until_they_are_given_one) {
     EXPECT_EQ(1, bar->GetHintMode());
 }
 
+/// A gadget that cannot say how large it wants to be, for a while.
+class Undecided : public Probe {
+public:
+    using Probe::Probe;
+
+    void GetDesiredSize(owl::TSize& wanted) override {
+        if (throws)
+            throw std::runtime_error("no picture");
+        Probe::GetDesiredSize(wanted);
+    }
+    bool throws = false;
+};
+
+TEST(GadgetWindow, throws_what_a_gadget_throws_and_keeps_it) {
+    gadgets::BarDesk<> bars;
+    bars.Show();
+    auto* undecided = new Undecided(1);
+    undecided->throws = true;
+    EXPECT_THROW(bars.bar->Insert(*undecided), std::runtime_error);
+    EXPECT_EQ(bars.bar, undecided->GetGadgetWindow());
+    EXPECT_THROW(bars.bar->LayoutSession(), std::runtime_error);
+}
+
+TEST(GadgetWindow, without_success_is_not_created) {
+    gadgets::BarDesk<> bars;
+    bars.Add(new Undecided(1))->throws = true;
+    EXPECT_THROW(bars.bar->Create(), std::runtime_error);
+    EXPECT_FALSE(bars.bar->IsWindow());
+}
+
+// A destructor cannot throw: the next loop does.
+TEST(GadgetWindow, carries_on_what_others_throw_when_a_gadget_ends) {
+    gadgets::BarDesk<> bars;
+    auto* undecided = bars.Add(new Undecided(1));
+    TGadget* other = bars.Add(2);
+    bars.Show();
+    undecided->throws = true;
+    delete other;
+    EXPECT_EQ(std::vector<int>{1}, Ids(*bars.bar));
+    undecided->throws = false;
+    EXPECT_THROW(bars.desk.application.PumpWaitingMessages(), std::runtime_error);
+}
+
+TEST(GadgetWindow, carries_on_what_a_frame_throws_when_the_hint_ends_with_the_bar) {
+    struct Angry : owl::TFrameWindow {
+        Angry() : TFrameWindow(nullptr) {}
+        void ShowHint(int command, const std::string&) override {
+            if (command < 0)
+                throw std::runtime_error("nothing to say");
+        }
+    };
+    owl::TApplication program("angry");
+    Angry frame;
+    auto* bar = new TGadgetWindow(&frame);
+    bar->SetHintCommand(1);
+    delete bar;
+    EXPECT_THROW(program.PumpWaitingMessages(), std::runtime_error);
+}
+
 /// Other colours of the screen for a while.
 class OtherFace {
 public:
