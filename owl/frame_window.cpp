@@ -87,7 +87,7 @@ void TFrameWindow::SetupWindow() {
     ShowIcon();
     if (m_shrinkToClient)
         ShrinkToClient();
-    FitClient();
+    ArrangeBars();
 }
 
 // Without icons of its own the window keeps those of its class.
@@ -102,7 +102,8 @@ void TFrameWindow::ShrinkToClient() {
     const TWindow* const client = GetClientWindow();
     if (client == nullptr)
         return;
-    RECT rect{0, 0, client->Attr.W, client->Attr.H};
+    const TSize bars = RoomForBars();
+    RECT rect{0, 0, client->Attr.W + bars.cx, client->Attr.H + bars.cy};
     ::AdjustWindowRectEx(&rect, GetStyle(), ::GetMenu(GetHandle()) != nullptr, GetExStyle());
     SetWindowPos(nullptr, 0, 0, rect.right - rect.left, rect.bottom - rect.top,
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
@@ -111,7 +112,7 @@ void TFrameWindow::ShrinkToClient() {
 void TFrameWindow::FitClient() {
     TWindow* const client = GetClientWindow();
     if (client != nullptr && client->IsWindow() && IsWindow())
-        client->MoveWindow(GetClientRect());
+        client->MoveWindow(GetClientRoom());
 }
 
 bool TFrameWindow::AssignMenu(TResId menu) {
@@ -235,7 +236,7 @@ void TFrameWindow::EvSetFocus(HWND lost) {
 void TFrameWindow::EvSize(UINT how, const TSize& size) {
     TWindow::EvSize(how, size);
     if (how != SIZE_MINIMIZED)
-        FitClient();
+        ArrangeBars();
 }
 
 }  // namespace owl

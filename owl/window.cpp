@@ -111,6 +111,11 @@ void TWindow::AddChild(TWindow* child) {
 
 void TWindow::RemoveChild(const TWindow* child) {
     std::erase(m_children, child);
+    ChildLeft(*child);
+}
+
+void TWindow::ChildLeft(const TWindow& child) {
+    static_cast<void>(child);
 }
 
 // From the last to the first, as members of a class end. A child that another one deletes is gone from the

@@ -351,6 +351,9 @@ protected:
     HMENU MenuOrId() const;
     /// The module of GetModule, or the program if there is none.
     HINSTANCE GetInstance() const;
+    /// Called when `child` is no child of this one any more. It may be about to end: of such a one only the
+    /// address is of use. By itself nothing. Not called for the children that end with this object.
+    virtual void ChildLeft(const TWindow& child);
 
 private:
     friend struct WindowProcedures;

@@ -32,6 +32,16 @@ public:
     bool wantsMore = false;
 };
 
+class Left : public TWindow {
+public:
+    using TWindow::TWindow;
+
+    std::vector<const TWindow*> gone;
+
+protected:
+    void ChildLeft(const TWindow& child) override { gone.push_back(&child); }
+};
+
 TEST_F(Window, deletes_its_children_from_the_last_to_the_first) {
     std::vector<int> dead;
     {
@@ -50,6 +60,16 @@ TEST_F(Window, that_ends_takes_itself_out_of_its_parent) {
     auto* second = new Dying(&parent, dead, 2);
     delete first;
     EXPECT_EQ(std::vector<TWindow*>{second}, parent.GetChildren());
+}
+
+TEST_F(Window, learns_that_a_child_ends_or_goes_to_another_parent) {
+    Left parent(desk.frame);
+    auto* first = new TWindow(&parent);
+    auto* second = new TWindow(&parent);
+    delete first;
+    EXPECT_EQ(std::vector<const TWindow*>{first}, parent.gone);
+    second->SetParent(desk.frame);
+    EXPECT_EQ((std::vector<const TWindow*>{first, second}), parent.gone);
 }
 
 TEST_F(Window, finds_a_child_by_its_number) {
