@@ -11,6 +11,7 @@
 #include "lvx/images/global_locker.h"
 #include "lvx/platform/drives.h"
 #include "lvx/platform/profile_directory.h"
+#include "lvx/platform/windowed.h"
 #include "lvx/runtime/atom.h"
 #include "lvx/runtime/sync.h"
 #include "lvx/store/object_factory.h"

@@ -1,0 +1,12 @@
+// lvx/platform/windowed.h
+//
+// The headers of what needs windows, for lvx.h: all of them on Windows, none elsewhere.
+#pragma once
+
+#ifdef _WIN32
+
+#include "lvx/runtime/help_file.h"
+#include "lvx/runtime/notifier.h"
+#include "lvx/runtime/wait_cursor.h"
+
+#endif
