@@ -28,6 +28,8 @@ TWindow::~TWindow() {
         else
             ::DestroyWindow(m_handle);
     }
+    if (m_accelerators != nullptr)
+        ::DestroyAcceleratorTable(m_accelerators);
     DeleteChildren();
     if (Parent != nullptr)
         Parent->RemoveChild(this);
