@@ -4,6 +4,8 @@
 #include "owl/error.h"
 #include "owl/key_message.h"
 #include "owl/last_error.h"
+#include "owl/message_chain.h"
+#include "owl/window_table.h"
 #include "owl/window_text.h"
 
 namespace owl {
@@ -13,6 +15,19 @@ namespace {
 // The dialog whose template is being read on this thread. Controls of our own window classes come before its
 // first message if the template names no font, so the scope of other windows would not do.
 thread_local TDialog* under_creation = nullptr;
+
+// Of an outer dialog the accelerators count, but not what it would do with the keys of its own controls.
+bool IsTakenAbove(HWND dialog, MSG& msg) {
+    for (HWND above = AboveForMessages(dialog); above != nullptr; above = AboveForMessages(above)) {
+        TWindow* const window = FindWindowObject(above);
+        if (window == nullptr)
+            continue;
+        const bool isDialog = dynamic_cast<TDialog*>(window) != nullptr;
+        if (isDialog ? window->TWindow::PreProcessMsg(msg) : window->PreProcessMsg(msg))
+            return true;
+    }
+    return false;
+}
 
 }  // namespace
 
@@ -138,10 +153,13 @@ void TDialog::EvPaint() {
     PaintByObject();
 }
 
+// The system takes every key of a dialog: who stands above one that is a child is asked before.
 bool TDialog::PreProcessMsg(MSG& msg) {
     if (TWindow::PreProcessMsg(msg))
         return true;
-    return IsKeyMessage(msg.message) && IsWindow() && ::IsDialogMessageA(GetHandle(), &msg);
+    if (!IsKeyMessage(msg.message))
+        return false;
+    return IsTakenAbove(GetHandle(), msg) || (IsWindow() && ::IsDialogMessageA(GetHandle(), &msg));
 }
 
 void TDialog::MapDialogRect(TRect& rect) const {

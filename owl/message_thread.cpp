@@ -4,6 +4,7 @@
 
 #include "owl/carried_exception.h"
 #include "owl/condemned.h"
+#include "owl/message_chain.h"
 #include "owl/window.h"
 #include "owl/window_table.h"
 
@@ -11,17 +12,9 @@ namespace owl {
 
 namespace {
 
-bool IsChild(HWND window) {
-    return (::GetWindowLongA(window, GWL_STYLE) & static_cast<LONG>(WS_CHILD)) != 0;
-}
-
 // Also for one that somebody has looked at and left in the queue: to the plain call that is an old one.
 void WaitForMessage() {
     ::MsgWaitForMultipleObjectsEx(0, nullptr, INFINITE, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
-}
-
-HWND AboveForMessages(HWND window) {
-    return IsChild(window) ? ::GetParent(window) : nullptr;
 }
 
 }  // namespace

@@ -118,8 +118,9 @@ public:
 
     // Coming and going
 
-    /// Makes the window and calls SetupWindow. True; throws TXWindow with the system's reason, or what
-    /// SetupWindow threw, and then there is no window. A window that exists stays as it is.
+    /// Makes the window and calls SetupWindow, which may destroy it again. True; throws TXWindow with the
+    /// system's reason, or what SetupWindow threw, and then there is no window. A window that exists stays as
+    /// it is.
     virtual bool Create();
     /// Called when the window has just been made: here children get their contents. By itself it creates the
     /// children and sends the transfer buffer's data to them. What overrides it calls it first.

@@ -170,4 +170,18 @@ TEST(Application, ends_with_its_main_window_though_the_cleaning_up_throws) {
     EXPECT_EQ(0, program.MessageLoop());
 }
 
+TEST(Application, ends_at_once_if_the_main_window_is_gone_when_it_is_set_up) {
+    class Shy : public owl::TFrameWindow {
+    public:
+        Shy() : TFrameWindow(nullptr, "shy") {}
+        void SetupWindow() override {
+            TFrameWindow::SetupWindow();
+            Destroy();
+        }
+    };
+    TApplication program("program");
+    program.SetMainWindow(new Shy);
+    EXPECT_EQ(0, program.Run());
+}
+
 }  // namespace

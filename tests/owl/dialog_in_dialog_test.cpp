@@ -1,5 +1,5 @@
-// Dialogs as parts of a dialog: pages in a strip of our own, commands and colours handed from one to the other, a
-// keyboard hook, loops within the setup.
+// Dialogs as parts of a dialog: pages in a strip of our own, commands and colours handed from one to the
+// other, a keyboard hook, loops within the setup.
 #include <gtest/gtest.h>
 
 #include <functional>

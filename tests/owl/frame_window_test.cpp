@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "owl/command_enabler.h"
+#include "owl/dialog.h"
+#include "owl/edit.h"
 #include "owl/error.h"
 #include "tests/owl/desk.h"
 #include "tests/owl/resource_ids.h"
@@ -318,6 +320,21 @@ TEST(FrameWindow, has_its_menu_and_its_keys_without_an_application_too) {
     desk::Press({VK_CONTROL, 'K'});
     EXPECT_TRUE(desk::PumpUntil([] { return !calls.empty(); }));
     EXPECT_EQ(Calls{"frame"}, calls);
+}
+
+// The dialog took every key, and the frame never heard of it.
+TEST(FrameWindow, keeps_its_keys_with_a_dialog_as_its_client) {
+    Program program;
+    auto* form = new owl::TDialog(nullptr, IDD_TEST_PAGE);
+    auto* edit = new owl::TEdit(form, IDC_TEST_EDIT);
+    Frame* frame = Show(program, new Frame(form));
+    ASSERT_TRUE(desk::Activate(*frame));
+    edit->SetFocus();
+    desk::Press({VK_CONTROL, 'K'});
+    EXPECT_TRUE(desk::PumpUntil([] { return !calls.empty(); }));
+    EXPECT_EQ(Calls{"frame"}, calls);
+    desk::Press({'A'});
+    EXPECT_TRUE(desk::PumpUntil([&] { return edit->GetWindowText() == "a"; }));
 }
 
 }  // namespace
