@@ -24,6 +24,14 @@ private:
     TCommonDialog* m_outer;
 };
 
+// Some systems keep the reason of an older failure when the user cancels a dialog. This one cannot be that of
+// a dialog of ours.
+DWORD LeaveKnownError() {
+    PRINTDLGA withoutSize{};
+    ::PrintDlgA(&withoutSize);
+    return ::CommDlgExtendedError();
+}
+
 }  // namespace
 
 DEFINE_RESPONSE_TABLE1(TCommonDialog, TDialog)
@@ -56,12 +64,14 @@ int TCommonDialog::RunDialog(const char* call, DWORD& error, const std::function
         throw TXWindow("the dialog is shown already");
     m_givenUp = false;
     SetModal(true);
+    const DWORD known = LeaveKnownError();
     bool agreed = false;
     {
         const Awaiting awaiting(*this);
         agreed = show();
     }
-    error = agreed ? 0 : ::CommDlgExtendedError();
+    const DWORD left = ::CommDlgExtendedError();
+    error = agreed || left == known ? 0 : left;
     SetModal(false);
     ThrowCarriedException();
     if (error != 0)

@@ -125,7 +125,8 @@ UINT_PTR CALLBACK TOpenSaveDialog::PaneProcedure(HWND pane, UINT msg, WPARAM wPa
         return FALSE;
     if (msg == WM_INITDIALOG) {
         dialog->m_paneHandle = pane;
-        return TRUE;
+        // The keyboard is for the name of the file.
+        return FALSE;
     }
     if (pane == dialog->m_paneHandle && IsInitDone(msg, lParam)) {
         dialog->m_pane = std::make_unique<Pane>(*dialog, pane);

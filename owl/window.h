@@ -332,7 +332,7 @@ protected:
     /// Answers a message for a window procedure: nothing is thrown, but carried to the next loop.
     LRESULT ReceiveMessage(UINT msg, WPARAM wParam, LPARAM lParam) noexcept;
     /// Called when a handler of the window or of a child in it has thrown, and the exception is on its way to
-    /// the next loop of the framework: for windows that another loop runs. By itself nothing.
+    /// the next loop of the framework: for windows that another loop runs. Must not throw. By itself nothing.
     virtual void ExceptionCarried();
     /// Answers WM_PAINT by Paint.
     void PaintByObject();

@@ -321,6 +321,17 @@ TEST_F(CommonDialogTest, outlives_the_exception_of_one_that_runs_within_it) {
     EXPECT_EQ(1, outer.counted);
 }
 
+TEST_F(CommonDialogTest, that_is_cancelled_does_not_tell_of_an_older_failure) {
+    PRINTDLGA none{};
+    none.lStructSize = sizeof none;
+    none.Flags = PD_RETURNDEFAULT | PD_NOWARNING;
+    ASSERT_FALSE(::PrintDlgA(&none)) << "there is a printer";
+    ASSERT_EQ(DWORD{PDERR_NODEFAULTPRN}, ::CommDlgExtendedError());
+    FontDialog dialog(desk.frame, data);
+    EXPECT_EQ(IDCANCEL, Run(dialog, [&] { dialog.CmCancel(); }));
+    EXPECT_EQ(0u, data.Error);
+}
+
 TEST_F(CommonDialogTest, twenty_of_them_leave_nothing_behind) {
     const auto once = [&] {
         FontDialog dialog(desk.frame, data);

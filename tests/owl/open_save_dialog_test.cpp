@@ -441,6 +441,46 @@ TEST_P(NewerOpenSaveDialogTest, hears_what_the_system_tells_its_hook) {
     });
 }
 
+// As a class that makes it the newer kind and sees to its place each time that it shows.
+class Derived : public Open {
+public:
+    using Open::Open;
+
+    int DoExecute() override {
+        Data.Flags |= OFN_EXPLORER | OFN_ENABLESIZING;
+        const int result = Open::DoExecute();
+        chosenFilter = static_cast<int>(ofn.nFilterIndex);
+        return result;
+    }
+    void EvShowWindow(bool show, unsigned why) {
+        shown += show;
+        Open::EvShowWindow(show, why);
+    }
+
+    int chosenFilter = 0;
+    int shown = 0;
+
+    DECLARE_RESPONSE_TABLE(Derived);
+};
+
+DEFINE_RESPONSE_TABLE1(Derived, Open)
+    EV_WM_SHOWWINDOW,
+END_RESPONSE_TABLE;
+
+TEST_P(OpenSaveDialogTest, can_be_changed_by_a_class_before_it_shows) {
+    data.FileName = "c.log";
+    data.FilterIndex = 2;
+    Derived dialog(desk.frame, data);
+    HWND newer = nullptr;
+    EXPECT_EQ(IDOK, Run(dialog, [&] {
+                  newer = dialog.GetDlgItem(newer_name);
+                  dialog.CmOk();
+              }));
+    EXPECT_NE(nullptr, newer);
+    EXPECT_EQ(2, dialog.chosenFilter);
+    EXPECT_LT(0, dialog.shown);
+}
+
 TEST(OpenSaveDialogData, is_made_of_null_texts_as_of_empty_ones) {
     const FileData data(OFN_HIDEREADONLY, nullptr, nullptr, nullptr, nullptr, 500, 3);
     EXPECT_EQ(DWORD{OFN_HIDEREADONLY}, data.Flags);
