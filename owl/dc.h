@@ -195,8 +195,8 @@ public:
     int GetTextFace(char* buffer, int size) const;
     std::string GetTextFace() const;
 
-    // Pictures, in dc_picture.cpp. While a world transform turns or shears, pictures are turned too, on every
-    // system: where the platform cannot, see turned_blit.h.
+    // Pictures, in dc_picture.cpp. While a world transform turns, shears or mirrors, pictures are turned too,
+    // on every system: where the platform cannot, see turned_blit.h.
 
     /// Fills with the selected brush, mixed by `rop`: PATCOPY, WHITENESS and so on.
     bool PatBlt(const TRect& rect, unsigned long rop = PATCOPY);
@@ -207,7 +207,8 @@ public:
     bool BitBlt(int x, int y, int width, int height, const TDC& source, int fromX, int fromY,
                 unsigned long rop = SRCCOPY);
     /// Copies `from` of `source` to `dest`, stretched by the stretching mode; mirrored where one of the two
-    /// is not normal.
+    /// is not normal. The system counts such a side from its first pixel on: from 5 to 2 are the pixels 5, 4
+    /// and 3, or those between the two edges while a transform turns.
     bool StretchBlt(const TRect& dest, const TDC& source, const TRect& from, unsigned long rop = SRCCOPY);
     /// Draws `src`, a part of the picture that `info` and `bits` hold, to `dest`, stretched and mirrored as
     /// above. `src` is counted from the lower left corner of a picture whose lowest row stands first. `usage`

@@ -1,14 +1,17 @@
 #include "owl/dc.h"
+#include "owl/turned_area.h"
 #include "owl/turned_blit.h"
 
 namespace owl {
 
 bool TDC::PatBlt(const TRect& rect, unsigned long rop) {
-    return PatBlt(rect.left, rect.top, rect.Width(), rect.Height(), rop);
+    if (NeedsTurnedAreas(m_handle))
+        return FillTurned(m_handle, rect, rop);
+    return ::PatBlt(m_handle, rect.left, rect.top, rect.Width(), rect.Height(), rop) != FALSE;
 }
 
 bool TDC::PatBlt(int x, int y, int width, int height, unsigned long rop) {
-    return ::PatBlt(m_handle, x, y, width, height, rop) != FALSE;
+    return PatBlt(TRect(TPoint(x, y), TSize(width, height)), rop);
 }
 
 bool TDC::BitBlt(const TRect& dest, const TDC& source, const TPoint& from, unsigned long rop) {

@@ -11,6 +11,7 @@ packages_windows=("${packages_build[@]}" dpkg-dev fonts-liberation fonts-wine gh
     libre2-dev nasm openbox unicode-data wine wine64 xauth xvfb)
 packages_windows_x64=("${packages_windows[@]}" g++-mingw-w64-x86-64-posix)
 packages_windows_x86=("${packages_windows[@]}" debootstrap g++-mingw-w64-i686-posix)
+packages_gallery=("${packages_windows_x64[@]}" imagemagick)
 packages_gates=("${packages_linux[@]}" clang-format-14 clang-tidy-14 git shellcheck)
 packages_bench=("${packages_linux[@]}" flex libbenchmark-dev libboost-serialization-dev libcereal-dev libglib2.0-dev
     libpcre2-dev libsdl2-dev libsimpleini-dev libstb-dev)

@@ -166,4 +166,34 @@ TEST_F(WindowMessages, to_a_control_go_to_where_the_window_says_that_it_is) {
     EXPECT_EQ(0, window.SendDlgItemMessage(78, WM_USER + 1, 2, 3));
 }
 
+// It would be read from there.
+TEST_F(WindowMessages, that_ask_for_enabling_are_not_taken_from_the_queue) {
+    talker->PostMessage(WM_COMMAND_ENABLE, 0, 16);
+    EXPECT_TRUE(desk.application.PumpWaitingMessages());
+    EXPECT_EQ(0, talker->SendMessage(WM_COMMAND_ENABLE, 0, 16));
+}
+
+// A page hands the question on to its dialog, which has no such message of its own just then.
+TEST_F(WindowMessages, about_colours_may_be_handed_to_another_window) {
+    class Forwarder : public TWindow {
+    public:
+        explicit Forwarder(TWindow* parent) : TWindow(parent) {}
+        bool Find(owl::TEventInfo& info) override { return TWindow::Find(info); }
+        LRESULT WindowProc(UINT msg, WPARAM wParam, LPARAM lParam) override {
+            if (msg != WM_CTLCOLOREDIT)
+                return TWindow::WindowProc(msg, wParam, lParam);
+            return reinterpret_cast<LRESULT>(Parent->EvCtlColor(
+                reinterpret_cast<HDC>(wParam), reinterpret_cast<HWND>(lParam), CTLCOLOR_EDIT));
+        }
+    };
+    auto* page = new Forwarder(desk.frame);
+    page->Create();
+    const HDC dc = ::GetDC(page->GetHandle());
+    const auto wParam = reinterpret_cast<WPARAM>(dc);
+    const LRESULT expected = ::DefWindowProcA(desk.frame->GetHandle(), WM_CTLCOLOREDIT, wParam, 0);
+    EXPECT_NE(0, expected);
+    EXPECT_EQ(expected, page->SendMessage(WM_CTLCOLOREDIT, wParam));
+    ::ReleaseDC(page->GetHandle(), dc);
+}
+
 }  // namespace
