@@ -167,7 +167,7 @@ void TDialog::MapDialogRect(TRect& rect) const {
 }
 
 void TDialog::SetDlgItemText(int id, const char* text) {
-    ::SetDlgItemTextA(GetHandle(), id, text);
+    ::SetWindowTextA(GetDlgItem(id), text);
 }
 
 std::string TDialog::GetDlgItemText(int id) const {
@@ -175,11 +175,11 @@ std::string TDialog::GetDlgItemText(int id) const {
 }
 
 void TDialog::CheckDlgButton(int id, UINT check) {
-    ::CheckDlgButton(GetHandle(), id, check);
+    SendDlgItemMessage(id, BM_SETCHECK, check);
 }
 
 UINT TDialog::IsDlgButtonChecked(int id) const {
-    return ::IsDlgButtonChecked(GetHandle(), id);
+    return static_cast<UINT>(SendDlgItemMessage(id, BM_GETCHECK));
 }
 
 int TDialog::GetDefaultId() const {

@@ -234,7 +234,8 @@ public:
     void SetWindowFont(HFONT font, bool redraw);
     /// The neighbours of the window; null if there is none.
     HWND GetWindow(UINT which) const;
-    HWND GetDlgItem(int id) const;
+    /// The window among the children that has this id; null if there is none.
+    virtual HWND GetDlgItem(int id) const;
     HWND GetNextDlgTabItem(HWND control, bool previous = false) const;
 
     // Focus, mouse, timers
@@ -336,6 +337,9 @@ protected:
     void Attach(HWND handle);
     /// Answers a message for a window procedure: nothing is thrown, but carried to the next loop.
     LRESULT ReceiveMessage(UINT msg, WPARAM wParam, LPARAM lParam) noexcept;
+    /// Called when a handler of the window or of a child in it has thrown, and the exception is on its way to
+    /// the next loop of the framework: for windows that another loop runs. Must not throw. By itself nothing.
+    virtual void ExceptionCarried();
     /// Answers WM_PAINT by Paint.
     void PaintByObject();
     /// For what makes the window and runs it in one go: from now on EndModal counts, also before BeginModal.
@@ -366,6 +370,7 @@ private:
     void Detach();
     void AfterDestruction();
     bool IsMainWindow() const;
+    void TellOfException();
     LRESULT AnswerMessage(const TEvent& event, UINT lookUp);
     LRESULT AnswerScrollBar(const TEvent& event);
     bool TakeFromResource();

@@ -31,7 +31,7 @@ bool TWindow::Create() {
 bool TWindow::TakeFromResource() {
     if (!IsFlagSet(wfFromResource))
         return false;
-    const HWND control = Parent != nullptr ? ::GetDlgItem(Parent->GetHandle(), Attr.Id) : nullptr;
+    const HWND control = Parent != nullptr ? Parent->GetDlgItem(Attr.Id) : nullptr;
     if (control == nullptr)
         throw TXWindow("the dialog has no control " + std::to_string(Attr.Id));
     Attach(control);

@@ -79,11 +79,22 @@ LRESULT TWindow::ReceiveMessage(UINT msg, WPARAM wParam, LPARAM lParam) noexcept
         answer = HandleMessage(msg, wParam, lParam);
     } catch (...) {
         CarryException();
+        if (FindWindowObject(handle) == this)
+            TellOfException();
     }
     if (msg == WM_NCDESTROY && FindWindowObject(handle) == this)
         AfterDestruction();
     return answer;
 }
+
+void TWindow::TellOfException() {
+    TWindow* outermost = this;
+    while (outermost->Parent != nullptr && (outermost->GetStyle() & WS_CHILD) != 0)
+        outermost = outermost->Parent;
+    outermost->ExceptionCarried();
+}
+
+void TWindow::ExceptionCarried() {}
 
 LRESULT TWindow::HandleMessage(UINT msg, WPARAM wParam, LPARAM lParam) {
     const FunctionScope function;
@@ -145,7 +156,7 @@ bool TWindow::PostMessage(UINT msg, WPARAM wParam, LPARAM lParam) const {
 }
 
 LRESULT TWindow::SendDlgItemMessage(int id, UINT msg, WPARAM wParam, LPARAM lParam) const {
-    return ::SendDlgItemMessageA(m_handle, id, msg, wParam, lParam);
+    return ::SendMessageA(GetDlgItem(id), msg, wParam, lParam);
 }
 
 }  // namespace owl
