@@ -452,4 +452,15 @@ TEST_F(DialogTest, leaves_the_caption_of_its_template_as_it_is) {
     EXPECT_EQ(0, dialog.captions);
 }
 
+TEST(DialogWithoutApplication, runs_and_sees_to_its_keys) {
+    Dialog dialog(nullptr);
+    dialog.action = [&] {
+        ASSERT_TRUE(desk::Activate(dialog));
+        desk::Press({VK_ESCAPE});
+    };
+    EXPECT_EQ(IDCANCEL, dialog.Execute());
+    dialog.action = [&] { dialog.CmOk(); };
+    EXPECT_EQ(IDOK, dialog.Execute());
+}
+
 }  // namespace
