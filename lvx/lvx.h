@@ -11,6 +11,7 @@
 #include "lvx/files/settings.h"
 #include "lvx/images/dibitmap.h"
 #include "lvx/images/global_locker.h"
+#include "lvx/images/rectangles.h"
 #include "lvx/platform/drives.h"
 #include "lvx/platform/profile_directory.h"
 #include "lvx/platform/windowed.h"
