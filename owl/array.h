@@ -19,13 +19,16 @@ public:
 
     /// An empty array with room for the indices from `lower` to `upper`, none when `upper` is below `lower`.
     /// When it is full it grows by `step` places at a time; with a `step` of 0 or less it does not grow.
+    /// Indices end at INT_MAX - 1, which leaves NotFound free.
     explicit TArrayAsVector(int upper, int lower = 0, int step = 0)
         : m_lower(lower), m_step(step > 0 ? step : 0), m_room(Room(upper, lower)) {}
 
     /// The first index.
     int LowerBound() const { return m_lower; }
     /// The last index that has room; below LowerBound() if there is no room at all.
-    int UpperBound() const { return m_lower + static_cast<int>(m_room) - 1; }
+    int UpperBound() const {
+        return static_cast<int>(static_cast<long long>(m_lower) + static_cast<long long>(m_room) - 1);
+    }
     /// How many items there is room for.
     unsigned int ArraySize() const { return static_cast<unsigned int>(m_room); }
     int GetItemsInContainer() const { return static_cast<int>(m_items.size()); }
@@ -84,11 +87,10 @@ public:
 
 private:
     static std::size_t Room(int upper, int lower) {
-        const long long room = static_cast<long long>(upper) - lower + 1;
+        const long long room = static_cast<long long>(upper < NotFound ? upper : NotFound - 1) - lower + 1;
         return room > 0 ? static_cast<std::size_t>(room) : 0;
     }
 
-    /// Indices end at INT_MAX - 1, which leaves NotFound free.
     bool CanGrow() const {
         return m_step > 0 &&
                static_cast<long long>(m_lower) + static_cast<long long>(m_room) + m_step <= INT_MAX;

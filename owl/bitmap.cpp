@@ -15,6 +15,8 @@ namespace owl {
 namespace {
 
 HBITMAP MakeBlack(HDC dc, int width, int height) {
+    if (::GetObjectType(dc) == OBJ_METADC)
+        return MakeBlack(TScreenDC(), width, height);
     return Require<TXGdi>("CreateCompatibleBitmap",
                           [&] { return ::CreateCompatibleBitmap(dc, width, height); });
 }
@@ -31,28 +33,29 @@ HBITMAP Load(HINSTANCE module, TResId id) {
     return Require<TXGdi>("LoadBitmap", [&] { return ::LoadBitmap(module, id); });
 }
 
-/// A section with the layout, the colours and the pixels of `source`.
+/// A header with room for all the colours of a section, or its masks.
+struct SectionInfo {
+    BITMAPINFOHEADER header;
+    std::array<RGBQUAD, 256> colours;
+
+    BITMAPINFO* Get() { return reinterpret_cast<BITMAPINFO*>(this); }
+};
+
+/// A section with the depth, the colours and the pixels of `source`. The system does not tell whether the
+/// upper or the lower row of a section stands first, but puts them in order when it hands them out.
 HBITMAP CopySection(HBITMAP source, const DIBSECTION& section) {
-    struct {
-        BITMAPINFOHEADER header;
-        std::array<RGBQUAD, 256> colours;
-    } info{};
-    info.header = section.dsBmih;
-    if (info.header.biBitCount <= 8) {
-        TMemoryDC dc;
-        dc.SelectObject(TBitmap(source));
-        ::GetDIBColorTable(dc, 0, 256, info.colours.data());
-    } else if (info.header.biCompression == BI_BITFIELDS) {
-        std::memcpy(info.colours.data(), section.dsBitfields, sizeof section.dsBitfields);
-    }
+    SectionInfo info{section.dsBmih, {}};
+    const std::size_t rows = static_cast<std::size_t>(section.dsBm.bmHeight);
+    std::vector<BYTE> pixels(rows * static_cast<std::size_t>(section.dsBm.bmWidthBytes));
+    const TMemoryDC dc;
+    Require<TXGdi>("GetDIBits", [&] {
+        return ::GetDIBits(dc, source, 0, static_cast<UINT>(rows), pixels.data(), info.Get(), DIB_RGB_COLORS);
+    });
     void* bits = nullptr;
     const HBITMAP copy = Require<TXGdi>("CreateDIBSection", [&] {
-        return ::CreateDIBSection(nullptr, reinterpret_cast<const BITMAPINFO*>(&info), DIB_RGB_COLORS, &bits,
-                                  nullptr, 0);
+        return ::CreateDIBSection(nullptr, info.Get(), DIB_RGB_COLORS, &bits, nullptr, 0);
     });
-    ::GdiFlush();
-    const std::size_t rows = static_cast<std::size_t>(section.dsBm.bmHeight);
-    std::memcpy(bits, section.dsBm.bmBits, rows * static_cast<std::size_t>(section.dsBm.bmWidthBytes));
+    std::memcpy(bits, pixels.data(), pixels.size());
     return copy;
 }
 
@@ -60,8 +63,8 @@ HBITMAP CopySection(HBITMAP source, const DIBSECTION& section) {
 HBITMAP CopyPixels(HBITMAP source, const BITMAP& shape) {
     std::vector<BYTE> pixels(static_cast<std::size_t>(shape.bmWidthBytes) *
                              static_cast<std::size_t>(shape.bmHeight) * shape.bmPlanes);
-    const LONG read = ::GetBitmapBits(source, static_cast<LONG>(pixels.size()), pixels.data());
-    pixels.resize(static_cast<std::size_t>(read > 0 ? read : 0));
+    Require<TXGdi>("GetBitmapBits",
+                   [&] { return ::GetBitmapBits(source, static_cast<LONG>(pixels.size()), pixels.data()); });
     const HBITMAP copy =
         MakeOfBits(shape.bmWidth, shape.bmHeight, shape.bmPlanes, shape.bmBitsPixel, nullptr);
     ::SetBitmapBits(copy, static_cast<DWORD>(pixels.size()), pixels.data());
@@ -110,6 +113,8 @@ TBitmap::TBitmap(const TClipboard& clipboard)
 
 TBitmap::TBitmap(const TDib& dib, const TPalette* palette)
     : TGdiObject(MakeOfPicture(dib, palette), AutoDelete) {}
+
+TBitmap::~TBitmap() = default;
 
 bool TBitmap::GetObject(BITMAP& description) const {
     description = {};

@@ -20,20 +20,22 @@ public:
     /// On a bitmap that exists. A null `handle` is accepted: such a bitmap has no size, and cannot be
     /// selected.
     explicit TBitmap(HBITMAP handle, TAutoDelete autoDelete = NoAutoDelete);
-    /// With the depth of `dc`: of a memory context that has no bitmap of its own, one bit a pixel. Its pixels
-    /// are black.
+    /// With the depth of `dc`: of a memory context that has no bitmap of its own, one bit a pixel; of a
+    /// TMetaFileDC, that of the screen. Its pixels are black. With a side of 0 it is the system's bitmap of
+    /// one pixel.
     TBitmap(const TDC& dc, int width, int height);
     /// `bits` has the pixels, each row filled to 2 bytes, the upper one first; null leaves them black.
     TBitmap(int width, int height, int planes, int bitCount, const void* bits);
     /// A resource of `module`; with a null `module` one of the system's own bitmaps (OBM_...).
     TBitmap(HINSTANCE module, TResId id);
-    /// A bitmap of its own with the same pixels; a section becomes a section. If `other` has no handle,
-    /// neither has it.
+    /// A bitmap of its own with the same pixels, also while `other` is selected; a section becomes a section,
+    /// with its lowest row first. If `other` has no handle, neither has it.
     TBitmap(const TBitmap& other);
     /// A copy of what lies on an open clipboard as CF_BITMAP. Throws TXWindow if nothing does.
     explicit TBitmap(const TClipboard& clipboard);
     /// The picture with the depth of the screen, its palette colours met by `palette` if that is not null.
     explicit TBitmap(const TDib& dib, const TPalette* palette = nullptr);
+    ~TBitmap() override;
 
     operator HBITMAP() const { return static_cast<HBITMAP>(GetHandle()); }
 

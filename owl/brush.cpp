@@ -42,6 +42,8 @@ TBrush::TBrush(const LOGBRUSH& description) : TGdiObject(MakeBrush(description),
 
 TBrush::TBrush(HBRUSH handle, TAutoDelete autoDelete) : TGdiObject(handle, autoDelete) {}
 
+TBrush::~TBrush() = default;
+
 bool TBrush::GetObject(LOGBRUSH& description) const {
     description = {};
     return ::GetObject(GetHandle(), sizeof description, &description) != 0;

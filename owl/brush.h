@@ -27,6 +27,7 @@ public:
     explicit TBrush(const LOGBRUSH& description);
     /// On a brush that exists. A null `handle` is accepted, and cannot be selected.
     explicit TBrush(HBRUSH handle, TAutoDelete autoDelete = NoAutoDelete);
+    ~TBrush() override;
 
     operator HBRUSH() const { return static_cast<HBRUSH>(GetHandle()); }
 

@@ -8,6 +8,7 @@
 #include "owl/palette.h"
 #include "owl/pen.h"
 #include "owl/region.h"
+#include "owl/turned_area.h"
 
 namespace owl {
 
@@ -178,10 +179,14 @@ int TDC::SelectClipRgn() {
 }
 
 int TDC::ExcludeClipRect(const TRect& rect) {
+    if (NeedsTurnedAreas(m_handle))
+        return ClipTurned(m_handle, rect, RGN_DIFF);
     return ::ExcludeClipRect(m_handle, rect.left, rect.top, rect.right, rect.bottom);
 }
 
 int TDC::IntersectClipRect(const TRect& rect) {
+    if (NeedsTurnedAreas(m_handle))
+        return ClipTurned(m_handle, rect, RGN_AND);
     return ::IntersectClipRect(m_handle, rect.left, rect.top, rect.right, rect.bottom);
 }
 
@@ -190,6 +195,8 @@ int TDC::GetClipBox(TRect& box) const {
 }
 
 bool TDC::RectVisible(const TRect& rect) const {
+    if (NeedsTurnedAreas(m_handle))
+        return IsTurnedVisible(m_handle, rect);
     return ::RectVisible(m_handle, &rect) == TRUE;
 }
 

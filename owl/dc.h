@@ -185,9 +185,10 @@ public:
     TSize GetTextExtentPointW(const wchar_t* text, int count = -1) const;
     /// Draws in `rect` as the DT_ values of `format` say and returns the height of the text; with DT_CALCRECT
     /// draws nothing and makes `rect` what the text takes. DT_MODIFYSTRING is ignored: the text is not the
-    /// context's.
+    /// context's. 0, and nothing drawn, where text cannot be measured.
     int DrawText(const std::string& text, TRect& rect, unsigned int format);
     int DrawText(const char* text, int count, TRect& rect, unsigned int format);
+    /// False, with all 0, where text cannot be measured, as on a TMetaFileDC.
     bool GetTextMetrics(TEXTMETRIC& metrics) const;
     /// The name of the face that the selected font has really become. Of `buffer`, which has room for `size`
     /// bytes, at least the terminator is written if `size` is not 0. Returns the bytes written, 0 if that
@@ -195,8 +196,8 @@ public:
     int GetTextFace(char* buffer, int size) const;
     std::string GetTextFace() const;
 
-    // Pictures, in dc_picture.cpp. While a world transform turns or shears, pictures are turned too, on every
-    // system: where the platform cannot, see turned_blit.h.
+    // Pictures, in dc_picture.cpp. While a world transform turns, shears or mirrors, pictures are turned too,
+    // on every system: where the platform cannot, see turned_blit.h.
 
     /// Fills with the selected brush, mixed by `rop`: PATCOPY, WHITENESS and so on.
     bool PatBlt(const TRect& rect, unsigned long rop = PATCOPY);
@@ -207,7 +208,8 @@ public:
     bool BitBlt(int x, int y, int width, int height, const TDC& source, int fromX, int fromY,
                 unsigned long rop = SRCCOPY);
     /// Copies `from` of `source` to `dest`, stretched by the stretching mode; mirrored where one of the two
-    /// is not normal.
+    /// is not normal. The system counts such a side from its first pixel on: from 5 to 2 are the pixels 5, 4
+    /// and 3, or those between the two edges while a transform turns.
     bool StretchBlt(const TRect& dest, const TDC& source, const TRect& from, unsigned long rop = SRCCOPY);
     /// Draws `src`, a part of the picture that `info` and `bits` hold, to `dest`, stretched and mirrored as
     /// above. `src` is counted from the lower left corner of a picture whose lowest row stands first. `usage`

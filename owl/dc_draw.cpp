@@ -1,8 +1,22 @@
 #include "owl/brush.h"
 #include "owl/dc.h"
 #include "owl/region.h"
+#include "owl/turned_area.h"
 
 namespace owl {
+namespace {
+
+/// Draws with `brush` selected.
+template <class Body>
+bool WithBrush(HDC dc, const TBrush& brush, const Body& body) {
+    const HGDIOBJ before = ::SelectObject(dc, brush);
+    const bool done = before && body();
+    if (before)
+        ::SelectObject(dc, before);
+    return done;
+}
+
+}  // namespace
 
 bool TDC::MoveTo(int x, int y) {
     return ::MoveToEx(m_handle, x, y, nullptr) != FALSE;
@@ -35,14 +49,20 @@ bool TDC::Ellipse(const TRect& rect) {
 }
 
 bool TDC::FillRect(const TRect& rect, const TBrush& brush) {
+    if (NeedsTurnedAreas(m_handle))
+        return WithBrush(m_handle, brush, [&] { return FillTurned(m_handle, rect, PATCOPY); });
     return ::FillRect(m_handle, &rect, brush) != FALSE;
 }
 
 bool TDC::FrameRect(const TRect& rect, const TBrush& brush) {
+    if (NeedsTurnedAreas(m_handle))
+        return FrameRgn(TRegion(rect), brush, TSize(1, 1));
     return ::FrameRect(m_handle, &rect, brush) != FALSE;
 }
 
 bool TDC::InvertRect(const TRect& rect) {
+    if (NeedsTurnedAreas(m_handle))
+        return FillTurned(m_handle, rect, DSTINVERT);
     return ::InvertRect(m_handle, &rect) != FALSE;
 }
 
@@ -51,18 +71,28 @@ bool TDC::DrawFocusRect(const TRect& rect) {
 }
 
 bool TDC::FillRgn(const TRegion& region, const TBrush& brush) {
+    if (NeedsTurnedAreas(m_handle))
+        return WithBrush(m_handle, brush, [&] { return FillTurned(m_handle, region, PATCOPY); });
     return ::FillRgn(m_handle, region, brush) != FALSE;
 }
 
 bool TDC::PaintRgn(const TRegion& region) {
+    if (NeedsTurnedAreas(m_handle))
+        return FillTurned(m_handle, region, PATCOPY);
     return ::PaintRgn(m_handle, region) != FALSE;
 }
 
 bool TDC::FrameRgn(const TRegion& region, const TBrush& brush, const TSize& width) {
+    if (NeedsTurnedAreas(m_handle)) {
+        const TRegion frame(FrameOf(region, width), AutoDelete);
+        return FillRgn(frame, brush);
+    }
     return ::FrameRgn(m_handle, region, brush, width.cx, width.cy) != FALSE;
 }
 
 bool TDC::InvertRgn(const TRegion& region) {
+    if (NeedsTurnedAreas(m_handle))
+        return FillTurned(m_handle, region, DSTINVERT);
     return ::InvertRgn(m_handle, region) != FALSE;
 }
 

@@ -1,14 +1,42 @@
+#include <cstdint>
+#include <vector>
+
 #include "owl/dc.h"
+#include "owl/error.h"
+#include "owl/packed_dib.h"
+#include "owl/turned_area.h"
 #include "owl/turned_blit.h"
 
 namespace owl {
+namespace {
+
+bool Stretch(HDC dc, const TRect& dest, const TRect& src, const void* bits, const BITMAPINFO* info,
+             unsigned int usage, unsigned long rop) {
+    return ::StretchDIBits(dc, dest.left, dest.top, dest.Width(), dest.Height(), src.left, src.top,
+                           src.Width(), src.Height(), bits, info, usage, rop) != 0;
+}
+
+/// Into a metafile, of which some platforms keep only as many colours and bytes as the header counts: those
+/// that it may leave out are lost.
+bool Record(HDC dc, const TRect& dest, const TRect& src, const void* bits, const BITMAPINFO* info,
+            unsigned long rop) try {
+    const std::vector<std::uint8_t> complete = CompleteDibInfo(reinterpret_cast<const std::uint8_t*>(info));
+    return Stretch(dc, dest, src, bits, reinterpret_cast<const BITMAPINFO*>(complete.data()), DIB_RGB_COLORS,
+                   rop);
+} catch (const TXGdi&) {
+    return false;
+}
+
+}  // namespace
 
 bool TDC::PatBlt(const TRect& rect, unsigned long rop) {
-    return PatBlt(rect.left, rect.top, rect.Width(), rect.Height(), rop);
+    if (NeedsTurnedAreas(m_handle))
+        return FillTurned(m_handle, rect, rop);
+    return ::PatBlt(m_handle, rect.left, rect.top, rect.Width(), rect.Height(), rop) != FALSE;
 }
 
 bool TDC::PatBlt(int x, int y, int width, int height, unsigned long rop) {
-    return ::PatBlt(m_handle, x, y, width, height, rop) != FALSE;
+    return PatBlt(TRect(TPoint(x, y), TSize(width, height)), rop);
 }
 
 bool TDC::BitBlt(const TRect& dest, const TDC& source, const TPoint& from, unsigned long rop) {
@@ -36,9 +64,9 @@ bool TDC::StretchDIBits(const TRect& dest, const TRect& src, const void* bits, c
         return false;
     if (NeedsTurnedPictures(m_handle))
         return StretchTurnedDIBits(m_handle, dest, src, bits, info, usage, rop);
-    const int lines = ::StretchDIBits(m_handle, dest.left, dest.top, dest.Width(), dest.Height(), src.left,
-                                      src.top, src.Width(), src.Height(), bits, info, usage, rop);
-    return lines != 0;
+    if (usage == DIB_RGB_COLORS && ::GetObjectType(m_handle) == OBJ_METADC)
+        return Record(m_handle, dest, src, bits, info, rop);
+    return Stretch(m_handle, dest, src, bits, info, usage, rop);
 }
 
 }  // namespace owl

@@ -1,10 +1,12 @@
 // Where pictures come from and go to: resources, files, global memory, the clipboard.
-#include <cstring>
+#include <algorithm>
+#include <climits>
 #include <memory>
 #include <vector>
 
 #include "owl/clipboard.h"
 #include "owl/dib.h"
+#include "owl/global_block.h"
 #include "owl/last_error.h"
 #include "owl/packed_dib.h"
 
@@ -26,12 +28,15 @@ std::vector<std::uint8_t> Contents(const char* fileName) {
     if (handle == INVALID_HANDLE_VALUE)
         ThrowLastError<TXGdi>("CreateFile");
     const std::unique_ptr<void, decltype(&::CloseHandle)> file(handle, &::CloseHandle);
-    const DWORD size = ::GetFileSize(handle, nullptr);
-    if (size == INVALID_FILE_SIZE)
-        ThrowLastError<TXGdi>("GetFileSize");
-    std::vector<std::uint8_t> bytes(size);
+    LARGE_INTEGER size{};
+    Require<TXGdi>("GetFileSizeEx", [&] { return ::GetFileSizeEx(handle, &size); });
+    if (size.QuadPart > INT_MAX)
+        throw TXGdi(FailureText("ReadFile", ERROR_FILE_TOO_LARGE), ERROR_FILE_TOO_LARGE);
+    std::vector<std::uint8_t> bytes(static_cast<std::size_t>(size.QuadPart));
     DWORD read = 0;
-    Require<TXGdi>("ReadFile", [&] { return ::ReadFile(handle, bytes.data(), size, &read, nullptr); });
+    Require<TXGdi>("ReadFile", [&] {
+        return ::ReadFile(handle, bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr);
+    });
     bytes.resize(read);
     return bytes;
 }
@@ -42,10 +47,8 @@ DibParts ReadFileParts(const char* fileName) {
 }
 
 DibParts ReadBlock(HGLOBAL block) {
-    const auto* data =
-        Require<TXGdi>("GlobalLock", [&] { return static_cast<const std::uint8_t*>(::GlobalLock(block)); });
-    const std::unique_ptr<void, decltype(&::GlobalUnlock)> lock(block, &::GlobalUnlock);
-    return ReadPackedDib(data, ::GlobalSize(block));
+    const LockedBlock<const std::uint8_t, TXGdi> bytes(block);
+    return ReadPackedDib(bytes.Get(), bytes.Size());
 }
 
 }  // namespace
@@ -59,19 +62,13 @@ TDib::TDib(HGLOBAL packed) : TDib(ReadBlock(packed)) {}
 TDib::TDib(const TClipboard& clipboard) : TDib(ReadBlock(clipboard.RequireClipboardData(CF_DIB))) {}
 
 void TDib::ToClipboard(TClipboard& clipboard) const {
-    const HGLOBAL block = Require<TXWindow>(
-        "GlobalAlloc", [&] { return ::GlobalAlloc(GMEM_MOVEABLE, m_info.size() + m_bits.size()); });
-    if (auto* bytes = static_cast<std::uint8_t*>(::GlobalLock(block))) {
-        std::memcpy(bytes, m_info.data(), m_info.size());
-        std::memcpy(bytes + m_info.size(), m_bits.data(), m_bits.size());
-        ::GlobalUnlock(block);
+    GlobalBlock block(m_info.size() + m_bits.size());
+    {
+        const LockedBlock<std::uint8_t, TXWindow> bytes(block.Get());
+        std::copy(m_bits.begin(), m_bits.end(), std::copy(m_info.begin(), m_info.end(), bytes.Get()));
     }
-    try {
-        clipboard.SetClipboardData(CF_DIB, block);
-    } catch (...) {
-        ::GlobalFree(block);
-        throw;
-    }
+    clipboard.SetClipboardData(CF_DIB, block.Get());
+    block.Release();
 }
 
 }  // namespace owl

@@ -23,6 +23,8 @@ TFont::TFont(HFONT handle, TAutoDelete autoDelete) : TGdiObject(handle, autoDele
 
 TFont::TFont(const TFont& other) : TFont(Description(other)) {}
 
+TFont::~TFont() = default;
+
 bool TFont::GetObject(LOGFONT& description) const {
     description = {};
     return ::GetObject(GetHandle(), sizeof description, &description) != 0;

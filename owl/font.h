@@ -14,6 +14,7 @@ public:
     explicit TFont(HFONT handle, TAutoDelete autoDelete = NoAutoDelete);
     /// A font of its own with the same description. Throws TXGdi if `other` has no handle.
     TFont(const TFont& other);
+    ~TFont() override;
 
     operator HFONT() const { return static_cast<HFONT>(GetHandle()); }
 

@@ -2,7 +2,7 @@
 //
 // A top-level window with a caption and perhaps a menu, an icon, accelerators, bars along its edges and a
 // client window that fills the rest of its client area. It brings commands to the window that has the focus
-// first, then to itself, then to the application, and enables the items of a menu when it opens.
+// first, then to its client, to itself and to the application, and enables the items of a menu when it opens.
 #pragma once
 
 #include "owl/window.h"
@@ -19,10 +19,15 @@ public:
 
     /// Null if there is none, or if it is no child any more.
     TWindow* GetClientWindow() const;
-    /// Puts another client in place of the present one, which is returned and is then nobody's child.
+    /// Puts another client in place of the present one, which is returned and is then hidden and nobody's
+    /// child.
     TWindow* SetClientWindow(TWindow* client);
-    /// Uses the menu resource `menu`, at once if the window exists. False if there is no such menu.
+    /// Uses the menu resource `menu`, at once if the window exists. False if there is no such menu; the
+    /// former one stays then.
     bool AssignMenu(TResId menu);
+    /// The window that gets commands when the focus is outside of the frame or in one of its bars: the client
+    /// if there is one, else the frame. Null without a window.
+    virtual HWND CommandTarget() const;
     /// Uses the icon `icon` of `module`; a null module is the system's. False if there is no such icon.
     bool SetIcon(TModule* module, TResId icon);
 
@@ -62,6 +67,10 @@ protected:
     void Init(TWindow* parent, const char* title, TWindow* client, bool shrinkToClient, TModule* module);
     const char* GetClassName() override;
     void GetWindowClass(WNDCLASSA& windowClass) override;
+    /// Shows `menu` as the menu bar and returns the former one, which is then the caller's.
+    virtual HMENU ExchangeMenu(HMENU menu);
+    /// Keeps in mind who has the focus, if that is within the frame.
+    void RememberFocus();
     void ChildLeft(const TWindow& child) override;
 
 private:
@@ -76,12 +85,14 @@ private:
     bool OfferToTargets(const Body& body);
     void FitClient();
     void ShrinkToClient();
+    void ShowIcon();
 
     TWindow* m_client = nullptr;
     bool m_shrinkToClient = false;
     std::vector<Bar> m_bars;
     HWND m_focus = nullptr;
     HICON m_icon = nullptr;
+    HICON m_smallIcon = nullptr;
 
     DECLARE_RESPONSE_TABLE(TFrameWindow);
 };

@@ -44,6 +44,8 @@ const std::uint8_t THatch8x8Brush::Hatch13B1[8] = {0x88, 0x11, 0x22, 0x44, 0x88,
 THatch8x8Brush::THatch8x8Brush(const std::uint8_t hatch[8], TColor foreground, TColor background)
     : TBrush(MakeHatch(hatch, foreground, background), AutoDelete) {}
 
+THatch8x8Brush::~THatch8x8Brush() = default;
+
 void THatch8x8Brush::Reconstruct(const std::uint8_t hatch[8], TColor foreground, TColor background) {
     Replace(MakeHatch(hatch, foreground, background));
 }

@@ -24,6 +24,7 @@ public:
 
     /// Copies the 8 bytes of `hatch`.
     THatch8x8Brush(const std::uint8_t hatch[8], TColor foreground, TColor background);
+    ~THatch8x8Brush() override;
 
     /// Makes it anew with another pattern or other colours, as when the user changed the colours of the
     /// screen. It must not be selected anywhere. If that fails it stays what it was.

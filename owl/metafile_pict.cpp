@@ -2,6 +2,7 @@
 
 #include "owl/clipboard.h"
 #include "owl/dc.h"
+#include "owl/global_block.h"
 #include "owl/last_error.h"
 
 namespace owl {
@@ -15,23 +16,7 @@ HMETAFILE CopyIfAny(HMETAFILE source) {
     return source ? Copy(source) : nullptr;
 }
 
-/// A block of global memory, locked.
-class LockedPicture {
-public:
-    explicit LockedPicture(HGLOBAL block)
-        : m_block(block), m_picture(static_cast<METAFILEPICT*>(::GlobalLock(block))) {
-        if (!m_picture)
-            ThrowLastError<TXWindow>("GlobalLock");
-    }
-    ~LockedPicture() { ::GlobalUnlock(m_block); }
-    LockedPicture(const LockedPicture&) = delete;
-    LockedPicture& operator=(const LockedPicture&) = delete;
-    METAFILEPICT* operator->() const { return m_picture; }
-
-private:
-    HGLOBAL m_block;
-    METAFILEPICT* m_picture;
-};
+using LockedPicture = LockedBlock<METAFILEPICT, TXWindow>;
 
 bool FitsAnySize(int mode) {
     return mode == MM_ANISOTROPIC || mode == MM_ISOTROPIC;
@@ -91,22 +76,17 @@ bool TMetaFilePict::PlayOnto(TDC& dc, const TSize& size) const {
 
 void TMetaFilePict::ToClipboard(TClipboard& clipboard, int mode, const TSize& size) const {
     TMetaFilePict copy(Copy(m_handle), AutoDelete);
-    const HGLOBAL block =
-        Require<TXWindow>("GlobalAlloc", [] { return ::GlobalAlloc(GMEM_MOVEABLE, sizeof(METAFILEPICT)); });
-    try {
-        {
-            const LockedPicture picture(block);
-            picture->mm = mode;
-            picture->xExt = size.cx;
-            picture->yExt = size.cy;
-            picture->hMF = copy;
-        }
-        clipboard.SetClipboardData(CF_METAFILEPICT, block);
-        copy.m_owner = false;
-    } catch (...) {
-        ::GlobalFree(block);
-        throw;
+    GlobalBlock block(sizeof(METAFILEPICT));
+    {
+        const LockedPicture picture(block.Get());
+        picture->mm = mode;
+        picture->xExt = size.cx;
+        picture->yExt = size.cy;
+        picture->hMF = copy;
     }
+    clipboard.SetClipboardData(CF_METAFILEPICT, block.Get());
+    block.Release();
+    copy.m_owner = false;
 }
 
 }  // namespace owl

@@ -49,6 +49,8 @@ TPalette::TPalette(HPALETTE handle, TAutoDelete autoDelete) : TGdiObject(handle,
 
 TPalette::TPalette(const TPalette& other) : TGdiObject(CopyPalette(other), AutoDelete) {}
 
+TPalette::~TPalette() = default;
+
 int TPalette::GetNumEntries() const {
     WORD count = 0;
     return ::GetObject(GetHandle(), sizeof count, &count) != 0 ? count : 0;

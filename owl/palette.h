@@ -18,6 +18,7 @@ public:
     explicit TPalette(HPALETTE handle, TAutoDelete autoDelete = NoAutoDelete);
     /// A palette of its own with the same entries. Throws TXGdi if `other` has no handle.
     TPalette(const TPalette& other);
+    ~TPalette() override;
 
     operator HPALETTE() const { return static_cast<HPALETTE>(GetHandle()); }
 

@@ -26,6 +26,8 @@ TPen::TPen(HPEN handle, TAutoDelete autoDelete) : TGdiObject(handle, autoDelete)
 
 TPen::TPen(const TPen& other) : TPen(Description(other)) {}
 
+TPen::~TPen() = default;
+
 bool TPen::GetObject(LOGPEN& description) const {
     description = {};
     return ::GetObject(GetHandle(), sizeof description, &description) != 0;

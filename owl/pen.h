@@ -19,6 +19,7 @@ public:
     explicit TPen(HPEN handle, TAutoDelete autoDelete = NoAutoDelete);
     /// A pen of its own with the same description. Throws TXGdi if `other` is not a plain pen.
     TPen(const TPen& other);
+    ~TPen() override;
 
     operator HPEN() const { return static_cast<HPEN>(GetHandle()); }
 

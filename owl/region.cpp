@@ -14,7 +14,7 @@ HRGN MakeEllipse(const TRect& rect) {
 }
 
 HRGN MakePolygon(const TPoint* points, int count, int fillMode) {
-    if (!points || count < 2)
+    if (!points || count < 3)
         return MakeRectangle(TRect());
     return Require<TXGdi>("CreatePolygonRgn", [&] { return ::CreatePolygonRgn(points, count, fillMode); });
 }
@@ -35,6 +35,8 @@ TRegion::TRegion(HRGN handle, TAutoDelete autoDelete) : TGdiObject(handle, autoD
 TRegion::TRegion(const TRegion& other) : TRegion() {
     *this |= other;
 }
+
+TRegion::~TRegion() = default;
 
 TRect TRegion::GetRgnBox() const {
     TRect box;

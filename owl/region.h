@@ -20,12 +20,13 @@ public:
     explicit TRegion(const TRect& rect);
     TRegion(const TRect& rect, TEllipse);
     /// The inside of a polygon, which is closed from its last point to its first. `fillMode` is ALTERNATE or
-    /// WINDING. Fewer than two points hold nothing.
+    /// WINDING. Fewer than three points hold nothing.
     TRegion(const TPoint* points, int count, int fillMode);
     /// On a region that exists. A null `handle` is accepted.
     explicit TRegion(HRGN handle, TAutoDelete autoDelete = NoAutoDelete);
     /// A region of its own with the same pixels. Throws TXGdi if `other` has no handle.
     TRegion(const TRegion& other);
+    ~TRegion() override;
 
     operator HRGN() const { return static_cast<HRGN>(GetHandle()); }
 

@@ -4,10 +4,11 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
+#include <iterator>
 #include <utility>
 #include <vector>
 
+#include "owl/device_space.h"
 #include "owl/true_color_section.h"
 #include "owl/turned_picture.h"
 
@@ -17,69 +18,43 @@ namespace {
 /// Of a strip that is drawn at once.
 constexpr int mostPixels = 1 << 20;
 
-/// From the logical units of `dc` to its device's, in full precision: through the world, then through the
-/// page.
-TPictureTransform LogicalToDevice(HDC dc) {
-    XFORM world = {1, 0, 0, 1, 0, 0};
-    TPoint windowOrigin, viewportOrigin;
-    TSize window(1, 1), viewport(1, 1);
-    ::GetWorldTransform(dc, &world);
-    ::GetWindowOrgEx(dc, &windowOrigin);
-    ::GetWindowExtEx(dc, &window);
-    ::GetViewportOrgEx(dc, &viewportOrigin);
-    ::GetViewportExtEx(dc, &viewport);
-    const double scaleX = static_cast<double>(viewport.cx) / window.cx;
-    const double scaleY = static_cast<double>(viewport.cy) / window.cy;
-    TPictureTransform result;
-    result.m11 = world.eM11 * scaleX;
-    result.m12 = world.eM12 * scaleY;
-    result.m21 = world.eM21 * scaleX;
-    result.m22 = world.eM22 * scaleY;
-    result.dx = (static_cast<double>(world.eDx) - windowOrigin.x) * scaleX + viewportOrigin.x;
-    result.dy = (static_cast<double>(world.eDy) - windowOrigin.y) * scaleY + viewportOrigin.y;
-    return result;
-}
+/// Of all the strips that an enhanced metafile is to keep.
+constexpr std::int64_t mostRecorded = 1 << 26;
 
-/// From the pixels of a picture that fills `dest` to the device. `dest` need not be normal.
-TPictureTransform PictureToDevice(HDC dc, const TSize& picture, const TRect& dest) {
+/// Where a picture comes to lie in logical units.
+struct Place {
+    /// What the whole of what was asked for fills. Not normal where that is mirrored.
+    TRect dest;
+    /// The size of the whole in pixels.
+    TSize all;
+    /// Where in the whole the pixels begin that there are.
+    TPoint begin;
+};
+
+/// From the pixels of a picture to the device.
+TPictureTransform PictureToDevice(HDC dc, const Place& place) {
     const TPictureTransform t = LogicalToDevice(dc);
-    const double scaleX = static_cast<double>(dest.Width()) / picture.cx;
-    const double scaleY = static_cast<double>(dest.Height()) / picture.cy;
+    const double scaleX = static_cast<double>(place.dest.Width()) / place.all.cx;
+    const double scaleY = static_cast<double>(place.dest.Height()) / place.all.cy;
+    const double left = place.dest.left + scaleX * place.begin.x;
+    const double top = place.dest.top + scaleY * place.begin.y;
     TPictureTransform result;
     result.m11 = t.m11 * scaleX;
     result.m12 = t.m12 * scaleX;
     result.m21 = t.m21 * scaleY;
     result.m22 = t.m22 * scaleY;
-    result.dx = dest.left * t.m11 + dest.top * t.m21 + t.dx;
-    result.dy = dest.left * t.m12 + dest.top * t.m22 + t.dy;
+    result.dx = left * t.m11 + top * t.m21 + t.dx;
+    result.dy = left * t.m12 + top * t.m22 + t.dy;
     return result;
 }
 
-/// Makes the device's units the logical ones, as long as it lives. The clip region stays.
-class DeviceUnits {
-public:
-    explicit DeviceUnits(HDC dc) : m_dc(dc), m_saved(::SaveDC(dc)) {
-        ::ModifyWorldTransform(dc, nullptr, MWT_IDENTITY);
-        ::SetMapMode(dc, MM_TEXT);
-        ::SetWindowOrgEx(dc, 0, 0, nullptr);
-        ::SetViewportOrgEx(dc, 0, 0, nullptr);
-    }
-    ~DeviceUnits() { ::RestoreDC(m_dc, m_saved); }
-    DeviceUnits(const DeviceUnits&) = delete;
-    DeviceUnits& operator=(const DeviceUnits&) = delete;
-    bool IsGood() const { return m_saved != 0; }
-
-private:
-    HDC m_dc;
-    int m_saved;
-};
-
-/// What of the device can be seen, in its own units.
-TRect VisiblePart(HDC dc) {
-    TRect box;
-    if (::GetClipBox(dc, &box) != ERROR)
-        return box;
-    return TRect(0, 0, ::GetDeviceCaps(dc, HORZRES), ::GetDeviceCaps(dc, VERTRES));
+/// From the first place of both to the last one.
+TTurnedPicture::TRun Hull(const TTurnedPicture::TRun& a, const TTurnedPicture::TRun& b) {
+    if (a.begin >= a.end)
+        return b;
+    if (b.begin >= b.end)
+        return a;
+    return {std::min(a.begin, b.begin), std::max(a.end, b.end)};
 }
 
 /// Some rows of the turned picture.
@@ -88,9 +63,15 @@ public:
     Strip(const TrueColorSection& picture, const TTurnedPicture& turned, const TRect& rect)
         : m_rect(rect),
           m_pixels(static_cast<std::size_t>(rect.Width()) * static_cast<std::size_t>(rect.Height())) {
-        const std::uint32_t* const pixels = picture.Pixels();
-        for (int y = rect.top; y < rect.bottom; ++y)
-            FillRow(pixels, picture.Size().cx, turned, y);
+        TTurnedPicture::TRun above = turned.RunOf(rect.top - 1);
+        TTurnedPicture::TRun here = turned.RunOf(rect.top);
+        for (int y = rect.top; y < rect.bottom; ++y) {
+            const TTurnedPicture::TRun below = turned.RunOf(y + 1);
+            CoverRow(here, y);
+            FillRow(picture, turned, Hull(Hull(above, below), here), y);
+            above = here;
+            here = below;
+        }
     }
 
     bool DrawOn(HDC dc, unsigned long rop) const {
@@ -107,33 +88,30 @@ public:
     }
 
 private:
-    void FillRow(const std::uint32_t* pixels, std::ptrdiff_t stride, const TTurnedPicture& turned, int y) {
-        const TTurnedPicture::TRun run = turned.RunOf(y);
-        const int begin = std::max<int>(run.begin, m_rect.left);
-        const int end = std::min<int>(run.end, m_rect.right);
-        if (begin >= end)
+    void CoverRow(const TTurnedPicture::TRun& run, int y) {
+        const TRect row = TRect(run.begin, y, run.end, y + 1) & m_rect;
+        if (!row.IsEmpty())
+            m_covered.push_back(row);
+    }
+
+    /// Also the places about those that are covered: a printer clips by outlines and not by pixels, and shows
+    /// some of them.
+    void FillRow(const TrueColorSection& picture, const TTurnedPicture& turned,
+                 const TTurnedPicture::TRun& run, int y) {
+        const TRect row = TRect(run.begin - 1, y, run.end + 1, y + 1) & m_rect;
+        if (run.begin >= run.end || row.IsEmpty())
             return;
-        m_covered.push_back(TRect(begin, y, end, y + 1));
-        std::uint32_t* const row =
-            m_pixels.data() + static_cast<std::ptrdiff_t>(y - m_rect.top) * m_rect.Width();
-        turned.CopyRun(pixels, stride, y, {begin, end}, row + (begin - m_rect.left));
+        std::uint32_t* const out = m_pixels.data() +
+                                   static_cast<std::ptrdiff_t>(y - m_rect.top) * m_rect.Width() +
+                                   (row.left - m_rect.left);
+        turned.CopyRun(picture.Pixels(), picture.Size().cx, y, {row.left, row.right}, out);
     }
 
     bool ClipToCovered(HDC dc) const {
-        const std::size_t bytes = m_covered.size() * sizeof(RECT);
-        std::vector<char> data(sizeof(RGNDATAHEADER) + bytes);
-        RGNDATAHEADER header{};
-        header.dwSize = sizeof header;
-        header.iType = RDH_RECTANGLES;
-        header.nCount = static_cast<DWORD>(m_covered.size());
-        header.nRgnSize = static_cast<DWORD>(bytes);
-        header.rcBound = m_rect;
-        std::memcpy(data.data(), &header, sizeof header);
-        std::memcpy(data.data() + sizeof header, m_covered.data(), bytes);
-        const HRGN region = ::ExtCreateRegion(nullptr, static_cast<DWORD>(data.size()),
-                                              reinterpret_cast<const RGNDATA*>(data.data()));
+        const HRGN region = MakeRegion(m_covered);
         const bool clipped = region && ::ExtSelectClipRgn(dc, region, RGN_AND) != ERROR;
-        ::DeleteObject(region);
+        if (region)
+            ::DeleteObject(region);
         return clipped;
     }
 
@@ -155,11 +133,21 @@ bool DrawInStrips(HDC dc, const TrueColorSection& picture, const TTurnedPicture&
     return true;
 }
 
-/// Draws the whole of `picture` to fill `dest`.
-bool Draw(HDC dc, const TrueColorSection& picture, const TRect& dest, unsigned long rop) {
-    const TTurnedPicture turned(picture.Size(), PictureToDevice(dc, picture.Size(), dest));
+bool Refuse() {
+    ::SetLastError(ERROR_INVALID_PARAMETER);
+    return false;
+}
+
+/// Draws the whole of `picture`.
+bool Draw(HDC dc, const TrueColorSection& picture, const Place& place, unsigned long rop) {
+    const TTurnedPicture turned(picture.Size(), PictureToDevice(dc, place));
     const DeviceUnits units(dc);
-    return units.IsGood() && DrawInStrips(dc, picture, turned, turned.Bounds() & VisiblePart(dc), rop);
+    if (!units.IsGood())
+        return false;
+    const TRect visible = turned.Bounds() & VisiblePart(dc);
+    if (IsRecorded(dc) && std::int64_t{visible.Width()} * visible.Height() > mostRecorded)
+        return Refuse();
+    return DrawInStrips(dc, picture, turned, visible, rop);
 }
 
 /// `dest` with those sides exchanged that are exchanged in `src`.
@@ -181,9 +169,15 @@ TRect WholePicture(const BITMAPINFO& info) {
     return TRect(0, 0, info.bmiHeader.biWidth, height < 0 ? detail::Difference(0, height) : height);
 }
 
-bool Refuse() {
-    ::SetLastError(ERROR_INVALID_PARAMETER);
-    return false;
+/// All that can be copied from `source`, in its logical units: of memory its bitmap.
+TRect WholeSource(HDC source) {
+    BITMAP bitmap{};
+    if (::GetObjectType(source) != OBJ_MEMDC ||
+        !::GetObject(::GetCurrentObject(source, OBJ_BITMAP), sizeof bitmap, &bitmap))
+        return everywhere;
+    TPoint corners[2] = {TPoint(), TPoint(bitmap.bmWidth, bitmap.bmHeight)};
+    ::DPtoLP(source, corners, 2);
+    return TRect(corners[0], corners[1]).Normalize();
 }
 
 constexpr COLORREF quarters[4] = {RGB(255, 0, 0), RGB(0, 255, 0), RGB(0, 0, 255), RGB(255, 255, 0)};
@@ -226,6 +220,21 @@ bool TurnsBy(double angle) {
     return right;
 }
 
+/// Whether half a turn of a picture of 2 by 2 pixels leaves it where it was.
+bool MirrorsWithinEdges() {
+    const TrueColorSection surface(3, 3);
+    if (!surface.IsGood())
+        return false;
+    const XFORM transform = {-1, 0, 0, -1, 2, 2};
+    const BITMAPINFO info = TrueColorInfo(2, 2);
+    const std::uint32_t picture[] = {1, 2, 3, 4};
+    ::SetGraphicsMode(surface.GetHDC(), GM_ADVANCED);
+    ::SetWorldTransform(surface.GetHDC(), &transform);
+    ::StretchDIBits(surface.GetHDC(), 0, 0, 2, 2, 0, 0, 2, 2, picture, &info, DIB_RGB_COLORS, SRCCOPY);
+    const std::uint32_t wanted[] = {4, 3, 0, 2, 1, 0, 0, 0, 0};
+    return std::equal(std::begin(wanted), std::end(wanted), surface.Pixels());
+}
+
 }  // namespace
 
 bool PlatformTurnsPictures() {
@@ -233,30 +242,46 @@ bool PlatformTurnsPictures() {
     return turns;
 }
 
+bool PlatformMirrorsPictures() {
+    static const bool mirrors = MirrorsWithinEdges();
+    return mirrors;
+}
+
 bool NeedsTurnedPictures(HDC dc) {
-    XFORM world;
-    if (::GetGraphicsMode(dc) != GM_ADVANCED || !::GetWorldTransform(dc, &world))
-        return false;
-    return (world.eM12 != 0 || world.eM21 != 0) && !PlatformTurnsPictures();
+    const XFORM world = WorldOf(dc);
+    if (IsTurned(world))
+        return !PlatformTurnsPictures();
+    return IsMirrored(world) && !PlatformMirrorsPictures();
 }
 
 bool StretchTurnedDIBits(HDC dc, const TRect& dest, const TRect& src, const void* bits,
                          const BITMAPINFO* info, unsigned int usage, unsigned long rop) {
-    if (!bits || !info || !WholePicture(*info).Contains(src.Normalized()))
+    if (!bits || !info)
         return Refuse();
-    const TRect part = src.Normalized();
+    const TRect asked = src.Normalized();
+    const TRect part = asked & WholePicture(*info);
+    if (part.IsEmpty())
+        return !asked.IsEmpty() || Refuse();
     const TrueColorSection picture(part.Width(), part.Height());
     if (!picture.IsGood())
         return Refuse();
     if (usage == DIB_PAL_COLORS)
         ::SelectPalette(picture.GetHDC(), static_cast<HPALETTE>(::GetCurrentObject(dc, OBJ_PAL)), TRUE);
-    ::StretchDIBits(picture.GetHDC(), 0, 0, part.Width(), part.Height(), part.left, part.top, part.Width(),
-                    part.Height(), bits, info, usage, SRCCOPY);
-    return Draw(dc, picture, MirroredAlike(dest, src), rop);
+    if (!::StretchDIBits(picture.GetHDC(), 0, 0, part.Width(), part.Height(), part.left, part.top,
+                         part.Width(), part.Height(), bits, info, usage, SRCCOPY))
+        return false;
+    // The part is counted upward.
+    const TPoint begin(part.left - asked.left, asked.bottom - part.bottom);
+    return Draw(dc, picture, {MirroredAlike(dest, src), asked.Size(), begin}, rop);
 }
 
 bool StretchTurned(HDC dc, const TRect& dest, HDC source, const TRect& from, unsigned long rop) {
-    const TRect part = from.Normalized();
+    const TRect asked = from.Normalized();
+    if (IsTurned(WorldOf(source)))
+        return Refuse();
+    const TRect part = asked & WholeSource(source);
+    if (part.IsEmpty())
+        return !asked.IsEmpty() || Refuse();
     const TrueColorSection picture(part.Width(), part.Height());
     if (!picture.IsGood())
         return Refuse();
@@ -265,7 +290,8 @@ bool StretchTurned(HDC dc, const TRect& dest, HDC source, const TRect& from, uns
     ::SetBkColor(picture.GetHDC(), ::GetBkColor(dc));
     if (!::BitBlt(picture.GetHDC(), 0, 0, part.Width(), part.Height(), source, part.left, part.top, SRCCOPY))
         return false;
-    return Draw(dc, picture, MirroredAlike(dest, from), rop);
+    const TPoint begin(part.left - asked.left, part.top - asked.top);
+    return Draw(dc, picture, {MirroredAlike(dest, from), asked.Size(), begin}, rop);
 }
 
 }  // namespace owl

@@ -92,20 +92,25 @@ TTurnedPicture::TTurnedPicture(const TSize& picture, const TPictureTransform& t)
 
 // Along a row the way back only grows or only falls, rounding included, so that its limits can be searched
 // for.
-TTurnedPicture::TRun TTurnedPicture::Between(const Back& back, int y, int limit) const {
+TTurnedPicture::TRun TTurnedPicture::Between(const Back& back, int y, int from, int limit) const {
     const int begin = m_bounds.left;
     const int end = m_bounds.right;
     const bool grows = back.a >= 0;
     return {
-        FirstWhere(begin, end, [&](int x) { return grows ? back.At(x, y) >= 0 : back.At(x, y) < limit; }),
-        FirstWhere(begin, end, [&](int x) { return grows ? back.At(x, y) >= limit : back.At(x, y) < 0; })};
+        FirstWhere(begin, end, [&](int x) { return grows ? back.At(x, y) >= from : back.At(x, y) < limit; }),
+        FirstWhere(begin, end, [&](int x) { return grows ? back.At(x, y) >= limit : back.At(x, y) < from; })};
 }
 
 TTurnedPicture::TRun TTurnedPicture::RunOf(int y) const {
-    if (m_bounds.IsEmpty() || y < m_bounds.top || y >= m_bounds.bottom)
+    return RunOf(y, TRect(TPoint(), m_picture));
+}
+
+TTurnedPicture::TRun TTurnedPicture::RunOf(int y, const TRect& part) const {
+    const TRect inside = part & TRect(TPoint(), m_picture);
+    if (inside.IsEmpty() || y < m_bounds.top || y >= m_bounds.bottom)
         return {0, 0};
-    const TRun across = Between(m_backX, y, m_picture.cx);
-    const TRun down = Between(m_backY, y, m_picture.cy);
+    const TRun across = Between(m_backX, y, inside.left, inside.right);
+    const TRun down = Between(m_backY, y, inside.top, inside.bottom);
     const TRun both = {std::max(across.begin, down.begin), std::min(across.end, down.end)};
     return both.begin < both.end ? both : TRun{0, 0};
 }

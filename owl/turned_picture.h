@@ -43,14 +43,17 @@ public:
     /// The places of row `y` that the picture covers: those whose middle falls on it. Empty if there are
     /// none.
     TRun RunOf(int y) const;
+    /// Likewise of a part of the picture. Parts without a pixel in common have no place in common, and those
+    /// that fill the picture leave none out.
+    TRun RunOf(int y, const TRect& part) const;
 
     /// Which pixel of the picture is seen at a covered place. Of another place the pixel at the nearest edge
     /// or corner.
     TPoint SourceOf(int x, int y) const;
 
-    /// Writes the pixels that are seen at the places of `run`, which is covered, one after the other to
-    /// `out`. Those of the picture are 32 bits each, its rows `stride` pixels apart, the upper one, where y
-    /// is 0, first.
+    /// Writes the pixels of SourceOf() for the places of `run`, one after the other, to `out`. Those of the
+    /// picture are 32 bits each, its rows `stride` pixels apart, the upper one, where y is 0, first.
+    /// Requires: the picture covers something.
     void CopyRun(const std::uint32_t* picture, std::ptrdiff_t stride, int y, const TRun& run,
                  std::uint32_t* out) const;
 
@@ -63,7 +66,7 @@ private:
         double At(int x, int y) const;
     };
 
-    TRun Between(const Back& back, int y, int limit) const;
+    TRun Between(const Back& back, int y, int from, int limit) const;
 
     TSize m_picture;
     Back m_backX;

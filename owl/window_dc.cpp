@@ -35,7 +35,11 @@ TWindowDC::~TWindowDC() {
 
 TClientDC::TClientDC(HWND window) : TWindowDC(window, ContextOf(window, "GetDC", ClientContext)) {}
 
+TClientDC::~TClientDC() = default;
+
 TScreenDC::TScreenDC() : TWindowDC(nullptr, Require<TXGdi>("GetDC", [] { return ::GetDC(nullptr); })) {}
+
+TScreenDC::~TScreenDC() = default;
 
 TPaintDC::TPaintDC(HWND window) : m_window(window), m_paint() {
     SetHandle(Require<TXGdi>("BeginPaint", [&] { return ::BeginPaint(window, &m_paint); }));

@@ -27,12 +27,14 @@ private:
 class OWL_EXPORT TClientDC : public TWindowDC {
 public:
     explicit TClientDC(HWND window);
+    ~TClientDC() override;
 };
 
 /// The whole screen.
 class OWL_EXPORT TScreenDC : public TWindowDC {
 public:
     TScreenDC();
+    ~TScreenDC() override;
 };
 
 /// What a window is to paint: only within the handler of its WM_PAINT, and once.

@@ -173,4 +173,17 @@ TEST(ArrayAsVector, does_not_grow_past_the_last_index_that_can_be_told) {
     EXPECT_EQ(INT_MAX - 1, array.Find(3));
 }
 
+// The bounds were added up in a way that overflowed.
+TEST(Array, has_room_for_all_indices_but_the_one_that_means_none) {
+    const TArrayAsVector<int> top(INT_MAX, 10);
+    EXPECT_EQ(INT_MAX - 1, top.UpperBound());
+    EXPECT_EQ(static_cast<unsigned>(INT_MAX) - 10, top.ArraySize());
+    const TArrayAsVector<int> all(INT_MAX, INT_MIN);
+    EXPECT_EQ(INT_MAX - 1, all.UpperBound());
+    EXPECT_EQ(0xFFFFFFFFu, all.ArraySize());
+    TArrayAsVector<int> none(INT_MAX, INT_MAX);
+    EXPECT_FALSE(none.Add(1));
+    EXPECT_EQ(INT_MAX - 1, none.UpperBound());
+}
+
 }  // namespace

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
+#include <string>
+
 #include "message_window.h"
 #include "owl/clipboard.h"
 #include "owl/dib.h"
@@ -39,6 +42,11 @@ TEST(Bitmap, of_a_context_has_its_depth_and_is_black) {
     EXPECT_EQ(screen.GetDeviceCaps(BITSPIXEL), bitmap.BitsPixel());
     EXPECT_EQ(1, bitmap.Planes());
     EXPECT_EQ(TColor::Black, PixelOf(bitmap, 29, 19));
+}
+
+TEST(Bitmap, with_a_side_of_0_has_one_pixel) {
+    EXPECT_EQ(TSize(1, 1), TBitmap(TScreenDC(), 0, 5).Size());
+    EXPECT_EQ(TSize(1, 1), TBitmap(5, 0, 1, 1, nullptr).Size());
 }
 
 TEST(Bitmap, of_bits_takes_the_upper_row_first_and_fills_rows_to_two_bytes) {
@@ -168,14 +176,68 @@ TEST(Bitmap, copied_can_be_selected_while_the_other_is) {
     EXPECT_EQ(TColor::White, PixelOf(copy, 2, 2));
 }
 
-// The copy came out without its colours.
-TEST(Bitmap, copied_from_a_section_with_colours_that_is_selected_throws) {
+// The copy of a section with its upper row first came out upside down: the system tells of both kinds alike.
+TEST(Bitmap, copied_from_a_section_stands_upright_whichever_row_is_first) {
+    for (const bool upperRowFirst : {false, true}) {
+        for (const int depth : {1, 4, 8, 16, 24, 32}) {
+            const TBitmap section(MakeSection(5, upperRowFirst ? -4 : 4, depth), owl::AutoDelete);
+            {
+                TMemoryDC dc;
+                dc.SelectObject(section);
+                dc.SetPixel(3, 0, TColor::White);
+            }
+            const TBitmap copy(section);
+            // Of 4 bits the lightest colour is not white.
+            EXPECT_EQ(PixelOf(section, 3, 0), PixelOf(copy, 3, 0)) << depth << upperRowFirst;
+            EXPECT_NE(TColor::Black, PixelOf(copy, 3, 0)) << depth << upperRowFirst;
+            EXPECT_EQ(TColor::Black, PixelOf(copy, 3, 3)) << depth << upperRowFirst;
+        }
+    }
+}
+
+/// One pixel of 16 or 32 bits whose components lie where the masks say.
+TBitmap MaskedPixel(int bitCount, DWORD red, DWORD green, DWORD blue, DWORD pixel) {
+    const struct {
+        BITMAPINFOHEADER header;
+        DWORD masks[3];
+    } info = {{40, 1, 1, 1, static_cast<WORD>(bitCount), BI_BITFIELDS, 0, 0, 0, 0, 0}, {red, green, blue}};
+    void* bits = nullptr;
+    const HBITMAP section = ::CreateDIBSection(nullptr, reinterpret_cast<const BITMAPINFO*>(&info),
+                                               DIB_RGB_COLORS, &bits, nullptr, 0);
+    std::memcpy(bits, &pixel, static_cast<std::size_t>(bitCount) / 8);
+    return TBitmap(section, owl::AutoDelete);
+}
+
+TEST(Bitmap, copied_from_a_section_with_masks_keeps_them) {
+    const TBitmap many = MaskedPixel(16, 0xF800, 0x07E0, 0x001F, 0x07E0);
+    EXPECT_EQ(TColor::LtGreen, PixelOf(TBitmap(many), 0, 0));
+    const TBitmap reversed = MaskedPixel(32, 0xFF, 0xFF00, 0xFF0000, 0x0000FF);
+    EXPECT_EQ(TColor::LtRed, PixelOf(TBitmap(reversed), 0, 0));
+    DIBSECTION section{};
+    const TBitmap copy(many);
+    ASSERT_EQ(int{sizeof section}, ::GetObject(copy.GetHandle(), sizeof section, &section));
+    EXPECT_EQ(0x07E0u, section.dsBitfields[1]);
+}
+
+// What lies beside the colours in 32 bits, transparency for one, is the host's.
+TEST(Bitmap, copied_from_a_section_keeps_the_fourth_byte) {
+    const TBitmap section(MakeSection(1, 1, 32), owl::AutoDelete);
+    BITMAP description;
+    section.GetObject(description);
+    const DWORD pixel = 0x80123456;
+    std::memcpy(description.bmBits, &pixel, sizeof pixel);
+    const TBitmap copy(section);
+    copy.GetObject(description);
+    EXPECT_EQ(0, std::memcmp(description.bmBits, &pixel, sizeof pixel));
+}
+
+// The copy came out without its colours, and later was refused.
+TEST(Bitmap, copied_from_a_section_with_colours_that_is_selected_has_them) {
     const TBitmap section(MakeSection(5, 4, 8), owl::AutoDelete);
     TMemoryDC dc;
     dc.SelectObject(section);
-    EXPECT_THROW(TBitmap{section}, owl::TXGdi);
-    dc.RestoreBitmap();
-    EXPECT_EQ(8, TBitmap(section).BitsPixel());
+    dc.SetPixel(1, 1, TColor(100, 100, 100));
+    EXPECT_EQ(TColor(100, 100, 100), PixelOf(TBitmap(section), 1, 1));
 }
 
 TEST(Bitmap, is_made_of_a_picture) {

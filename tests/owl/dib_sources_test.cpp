@@ -98,6 +98,24 @@ TEST(DibSources, a_file_that_is_damaged_throws) {
     }
 }
 
+// Of a file of 4 GiB and a little the little alone was read.
+TEST(DibSources, a_file_of_more_than_2_gib_is_too_large) {
+    const TempFile file(OnePixel(1, 2, 3));
+    const HANDLE handle =
+        ::CreateFileA(file.Name(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    LARGE_INTEGER size;
+    size.QuadPart = 0x100000000 + 58;
+    const bool made = ::SetFilePointerEx(handle, size, nullptr, FILE_BEGIN) && ::SetEndOfFile(handle);
+    ::CloseHandle(handle);
+    ASSERT_TRUE(made);
+    try {
+        const TDib dib(file.Name());
+        FAIL() << "nothing was thrown";
+    } catch (const owl::TXGdi& error) {
+        EXPECT_EQ(ERROR_FILE_TOO_LARGE, static_cast<int>(error.GetCode()));
+    }
+}
+
 TEST(DibSources, a_block_is_copied_and_stays_the_callers) {
     const HGLOBAL block = Block(OnePixel(1, 2, 3).substr(14));
     const TDib dib(block);
@@ -142,6 +160,28 @@ TEST(DibSources, a_clipboard_that_is_closed_refuses) {
     TClipboard clipboard(window);
     clipboard.CloseClipboard();
     EXPECT_THROW(TDib(1, 1, 24).ToClipboard(clipboard), owl::TXWindow);
+}
+
+TEST(DibSources, a_picture_of_run_lengths_or_masks_goes_over_the_clipboard_as_it_is) {
+    std::string runs("\x28\0\0\0\3\0\0\0\1\0\0\0\1\0\x08\0\1\0\0\0\4\0\0\0\0\0\0\0\0\0\0\0\1\0\0\0\0\0\0\0",
+                     40);
+    runs += std::string("\1\2\3\0\3\0\0\1", 8);
+    std::string masks("\x28\0\0\0\1\0\0\0\1\0\0\0\1\0\x10\0\3\0\0\0\4\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0",
+                      40);
+    masks += std::string("\0\xF8\0\0\xE0\7\0\0\x1F\0\0\0\xE0\7\0\0", 16);
+    const owl_test::MessageWindow window;
+    for (const std::string& packed : {runs, masks}) {
+        const HGLOBAL block = Block(packed);
+        TClipboard clipboard(window);
+        clipboard.EmptyClipboard();
+        TDib(block).ToClipboard(clipboard);
+        ::GlobalFree(block);
+        const HANDLE found = clipboard.GetClipboardData(CF_DIB);
+        ASSERT_EQ(packed.size(), ::GlobalSize(found));
+        EXPECT_EQ(packed, std::string(static_cast<const char*>(::GlobalLock(found)), packed.size()));
+        ::GlobalUnlock(found);
+        EXPECT_EQ(packed[14] == 8 ? TColor(CLR_INVALID) : TColor::LtGreen, TDib(clipboard).GetPixel(0, 0));
+    }
 }
 
 }  // namespace

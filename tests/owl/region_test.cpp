@@ -54,8 +54,9 @@ TEST(Region, of_a_polygon_over_itself_follows_the_fill_mode) {
     EXPECT_FALSE(TRegion(twice, 8, ALTERNATE).Contains(TPoint(10, 10)));
 }
 
-TEST(Region, of_fewer_than_two_points_holds_nothing) {
-    const TPoint one[] = {TPoint(5, 5)};
+TEST(Region, of_fewer_than_three_points_holds_nothing) {
+    const TPoint one[] = {TPoint(5, 5), TPoint(9, 9)};
+    EXPECT_TRUE(TRegion(one, 2, ALTERNATE).GetRgnBox().IsNull());
     EXPECT_TRUE(TRegion(one, 1, ALTERNATE).GetRgnBox().IsNull());
     EXPECT_TRUE(TRegion(one, 0, ALTERNATE).GetRgnBox().IsNull());
     EXPECT_TRUE(TRegion(one, -1, ALTERNATE).GetRgnBox().IsNull());

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <string>
+#include <vector>
 
 #include "letter_picture.h"
 #include "owl/dc.h"
@@ -22,6 +24,8 @@ using owl_test::LetterPicture;
 using owl_test::Surface;
 
 using Rows = std::vector<std::string>;
+
+const Rows sixPixels = {"RGB", "CMY"};
 
 const double pi = std::acos(-1.0);
 
@@ -69,9 +73,9 @@ TEST(TurnedBlit, mixes_by_the_raster_operation) {
 }
 
 TEST(TurnedBlit, without_a_turn_is_the_platforms_own) {
-    EXPECT_EQ("....\n.RGB\n.CMY\n", Drawn({"RGB", "CMY"}, {1, 0, 0, 1, 1, 1}, 4, 3));
+    EXPECT_EQ("....\n.RGB\n.CMY\n", Drawn(sixPixels, {1, 0, 0, 1, 1, 1}, 4, 3));
     Surface surface(1, 1);
-    SetTransform(surface.dc, {2, 0, 0, -3, 1, 1});
+    SetTransform(surface.dc, {2, 0, 0, 3, 1, 1});
     EXPECT_FALSE(owl::NeedsTurnedPictures(surface.dc));
     surface.dc.ModifyWorldTransform({}, MWT_IDENTITY);
     surface.dc.SetGraphicsMode(GM_COMPATIBLE);
@@ -84,6 +88,14 @@ TEST(TurnedBlit, is_needed_for_a_turn_unless_the_platform_can) {
     EXPECT_EQ(!owl::PlatformTurnsPictures(), owl::NeedsTurnedPictures(surface.dc));
     SetTransform(surface.dc, {1, 0.5f, 0, 1, 0, 0});
     EXPECT_EQ(!owl::PlatformTurnsPictures(), owl::NeedsTurnedPictures(surface.dc));
+}
+
+// Half a turn, told exactly, was drawn one pixel to the right and one below.
+TEST(TurnedBlit, that_is_mirrored_by_the_transform_lies_within_its_edges) {
+    EXPECT_EQ("...\nYMC\nBGR\n", Drawn(sixPixels, {-1, 0, 0, -1, 3, 3}, 3, 3));
+    EXPECT_EQ("BGR\nYMC\n...\n", Drawn(sixPixels, {-1, 0, 0, 1, 3, 0}, 3, 3));
+    EXPECT_EQ("CMY\nRGB\n...\n", Drawn(sixPixels, {1, 0, 0, -1, 0, 2}, 3, 3));
+    EXPECT_EQ("YYMMCC\nBBGGRR\n", Drawn(sixPixels, {-2, 0, 0, -1, 6, 2}, 6, 2));
 }
 
 /// The letter at a place by the rule for one place: of the quarters of a square from -20 to 20, or white
@@ -250,19 +262,139 @@ TEST(TurnedBlit, of_a_huge_picture_draws_what_is_seen) {
     EXPECT_EQ('Y', Surface::Letter(surface.At(2, 2)));
 }
 
-TEST(TurnedBlit, refuses_a_source_that_reaches_beyond_the_picture) {
+TEST(TurnedBlit, refuses_no_picture_and_no_part_of_one) {
     Surface surface(9, 9);
     const HDC dc = surface.dc;
     SetTransform(surface.dc, Turn(pi / 2, 4, 4));
-    for (const TRect& src : {TRect(0, 0, 3, 2), TRect(0, 0, 2, 3), TRect(-1, 0, 1, 2), TRect(0, -1, 2, 1),
-                             TRect(0, 0, 0, 2), TRect(0, 0, 2000000000, 2000000000)}) {
-        EXPECT_FALSE(owl::StretchTurnedDIBits(dc, TRect(0, 0, 2, 2), src, Quarters().Bits(),
-                                              Quarters().Info(), DIB_RGB_COLORS, SRCCOPY));
-        EXPECT_EQ(DWORD{ERROR_INVALID_PARAMETER}, ::GetLastError());
-    }
+    EXPECT_FALSE(owl::StretchTurnedDIBits(dc, TRect(0, 0, 2, 2), TRect(0, 0, 0, 2), Quarters().Bits(),
+                                          Quarters().Info(), DIB_RGB_COLORS, SRCCOPY));
+    EXPECT_EQ(DWORD{ERROR_INVALID_PARAMETER}, ::GetLastError());
     EXPECT_FALSE(owl::StretchTurnedDIBits(dc, TRect(0, 0, 2, 2), TRect(0, 0, 2, 2), nullptr,
                                           Quarters().Info(), DIB_RGB_COLORS, SRCCOPY));
     EXPECT_EQ(std::string::npos, surface.Picture().find_first_not_of(".\n"));
+}
+
+// It was drawn in black, and success reported.
+TEST(TurnedBlit, refuses_a_picture_that_makes_no_sense) {
+    BITMAPINFO info = *Quarters().Info();
+    info.bmiHeader.biBitCount = 7;
+    Surface surface(9, 9);
+    SetTransform(surface.dc, Turn(pi / 2, 4, 4));
+    EXPECT_FALSE(surface.dc.StretchDIBits(TRect(0, 0, 2, 2), TRect(0, 0, 2, 2), Quarters().Bits(), &info));
+    EXPECT_FALSE(surface.dc.StretchDIBits(TRect(0, 0, 2, 2), TRect(0, 0, 2, 2), Quarters().Bits(),
+                                          Quarters().Info(), 99));
+    EXPECT_EQ(std::string::npos, surface.Picture().find_first_not_of(".\n"));
+}
+
+/// Rectangles of sides up to 6 about a picture of 3 by 2.
+std::vector<TRect> PartsAboutSixPixels() {
+    std::vector<TRect> parts;
+    for (int left = -2; left <= 4; left += 2) {
+        for (const int top : {-3, 0, 1}) {
+            for (const int width : {1, 3, 6}) {
+                for (const int height : {1, 2, 5})
+                    parts.push_back(TRect(TPoint(left, top), owl::TSize(width, height)));
+            }
+        }
+    }
+    return parts;
+}
+
+std::string Told(const TRect& rect) {
+    return std::to_string(rect.left) + "," + std::to_string(rect.top) + " " + std::to_string(rect.Width()) +
+           "x" + std::to_string(rect.Height());
+}
+
+// Parts that reached beyond the picture were refused, where without a turn as much is drawn as there is.
+TEST(TurnedBlit, without_a_turn_would_draw_what_the_platform_draws_of_every_part) {
+    for (const bool upperRowFirst : {false, true}) {
+        const LetterPicture picture(sixPixels, 24, upperRowFirst);
+        for (const TRect& part : PartsAboutSixPixels()) {
+            // What is not there is counted from either side.
+            if (upperRowFirst && !TRect(0, 0, 3, 2).Contains(part))
+                continue;
+            const TRect dest(TPoint(4, 4), part.Size());
+            Surface straight(12, 12), strips(12, 12);
+            ::StretchDIBits(straight.dc, dest.left, dest.top, dest.Width(), dest.Height(), part.left,
+                            part.top, part.Width(), part.Height(), picture.Bits(), picture.Info(),
+                            DIB_RGB_COLORS, SRCCOPY);
+            EXPECT_TRUE(owl::StretchTurnedDIBits(strips.dc, dest, part, picture.Bits(), picture.Info(),
+                                                 DIB_RGB_COLORS, SRCCOPY));
+            EXPECT_EQ(straight.Picture(), strips.Picture()) << Told(part) << upperRowFirst;
+        }
+    }
+}
+
+TEST(TurnedBlit, without_a_turn_would_copy_what_the_platform_copies_of_every_part) {
+    Surface source(3, 2);
+    for (int x = 0; x < 3; ++x) {
+        for (int y = 0; y < 2; ++y)
+            source.dc.SetPixel(
+                x, y, owl_test::ColorOf(sixPixels[static_cast<unsigned>(y)][static_cast<unsigned>(x)]));
+    }
+    for (const TRect& part : PartsAboutSixPixels()) {
+        const TRect dest(TPoint(4, 4), part.Size());
+        Surface straight(12, 12), strips(12, 12);
+        ::StretchBlt(straight.dc, dest.left, dest.top, dest.Width(), dest.Height(), source.dc, part.left,
+                     part.top, part.Width(), part.Height(), SRCCOPY);
+        EXPECT_TRUE(owl::StretchTurned(strips.dc, dest, source.dc, part, SRCCOPY));
+        EXPECT_EQ(straight.Picture(), strips.Picture()) << Told(part);
+    }
+}
+
+TEST(TurnedBlit, refuses_a_source_that_is_turned_itself) {
+    Surface source(3, 2), surface(3, 3);
+    SetTransform(source.dc, Turn(0.6, 1, 1));
+    SetTransform(surface.dc, Turn(0.6, 1, 1));
+    EXPECT_FALSE(owl::StretchTurned(surface.dc, TRect(0, 0, 3, 2), source.dc, TRect(0, 0, 3, 2), SRCCOPY));
+    EXPECT_EQ(DWORD{ERROR_INVALID_PARAMETER}, ::GetLastError());
+}
+
+TEST(TurnedBlit, copies_from_a_source_with_units_of_its_own) {
+    Surface source(4, 2);
+    source.dc.PatBlt(0, 0, 2, 2, BLACKNESS);
+    source.dc.SetMapMode(MM_ANISOTROPIC);
+    source.dc.SetViewportExt(owl::TSize(2, 2));
+    Surface surface(1, 2);
+    SetTransform(surface.dc, Turn(pi / 2, 1, 0));
+    EXPECT_TRUE(surface.dc.BitBlt(TRect(0, 0, 2, 1), source.dc, TPoint()));
+    EXPECT_EQ("#\n.\n", surface.Picture());
+}
+
+TEST(TurnedBlit, of_run_lengths_shows_what_is_drawn_without_a_turn) {
+    struct {
+        BITMAPINFOHEADER header;
+        RGBQUAD colours[3];
+    } info = {{40, 3, 2, 1, 8, BI_RLE8, 0, 0, 0, 3, 0}, {{}, {0, 0, 255, 0}, {255, 0, 0, 0}}};
+    // Two red and a blue one, and above them blue, blue, red.
+    const BYTE runs[] = {2, 1, 1, 2, 0, 0, 2, 2, 1, 1, 0, 1};
+    info.header.biSizeImage = sizeof runs;
+    Surface surface(2, 3);
+    SetTransform(surface.dc, Turn(pi / 2, 2, 0));
+    EXPECT_TRUE(surface.dc.StretchDIBits(TRect(0, 0, 3, 2), TRect(0, 0, 3, 2), runs,
+                                         reinterpret_cast<const BITMAPINFO*>(&info)));
+    EXPECT_EQ("RB\nRB\nBR\n", surface.Picture());
+}
+
+TEST(TurnedBlit, is_drawn_on_surfaces_of_every_depth) {
+    for (const int depth : {1, 4, 8, 16, 24, 32}) {
+        void* bits = nullptr;
+        const LetterPicture target({"..", "..", ".."}, depth);
+        const TBitmap bitmap(::CreateDIBSection(nullptr, target.Info(), DIB_RGB_COLORS, &bits, nullptr, 0),
+                             owl::AutoDelete);
+        const LetterPicture picture({"#..", "..#"}, 1);
+        TMemoryDC dc;
+        dc.SelectObject(bitmap);
+        SetTransform(dc, Turn(pi / 2, 2, 0));
+        EXPECT_TRUE(dc.StretchDIBits(TRect(0, 0, 3, 2), TRect(0, 0, 3, 2), picture.Bits(), picture.Info()));
+        dc.ModifyWorldTransform({}, MWT_IDENTITY);
+        std::string found;
+        for (int y = 0; y < 3; ++y) {
+            for (int x = 0; x < 2; ++x)
+                found += Surface::Letter(dc.GetPixel(x, y));
+        }
+        EXPECT_EQ(".#..#.", found) << depth;
+    }
 }
 
 TEST(TurnedBlit, draws_the_part_of_a_picture_that_is_drawn_without_a_turn) {
@@ -360,6 +492,65 @@ TEST(TurnedBlit, is_recorded_by_an_enhanced_metafile) {
         }
     }
     EXPECT_EQ('.', Surface::Letter(surface.At(16, 16)));
+}
+
+// It had a black seam: what is played larger, or printed, is clipped by outlines and not by pixels.
+TEST(TurnedBlit, has_no_seam_when_it_is_played_larger) {
+    const HDC recording = ::CreateEnhMetaFileA(nullptr, nullptr, nullptr, nullptr);
+    {
+        TDC dc(recording);
+        SetTransform(dc, Turn(0.6, 20, 20));
+        dc.StretchDIBits(TRect(-10, -10, 10, 10), TRect(0, 0, 2, 2), Quarters().Bits(), Quarters().Info());
+    }
+    const HENHMETAFILE metafile = ::CloseEnhMetaFile(recording);
+    for (const int side : {50, 73, 110}) {
+        Surface surface(side, side);
+        surface.dc.SetStretchBltMode(COLORONCOLOR);
+        const RECT all = {0, 0, side, side};
+        EXPECT_TRUE(::PlayEnhMetaFile(surface.dc, metafile, &all));
+        EXPECT_EQ(std::string::npos, surface.Picture().find('#')) << side;
+        EXPECT_NE(std::string::npos, surface.Picture().find('Y')) << side;
+    }
+    ::DeleteEnhMetaFile(metafile);
+}
+
+/// The bounds that an enhanced metafile notes of a picture of 40 by 40, drawn turned about a place.
+TRect RecordedBounds(float x, float y, int side, bool& drawn) {
+    const HDC recording = ::CreateEnhMetaFileA(nullptr, nullptr, nullptr, nullptr);
+    {
+        TDC dc(recording);
+        SetTransform(dc, Turn(pi / 4, x, y));
+        drawn = dc.StretchDIBits(TRect(-side / 2, -side / 2, side / 2, side / 2), TRect(0, 0, 2, 2),
+                                 Quarters().Bits(), Quarters().Info());
+    }
+    const HENHMETAFILE metafile = ::CloseEnhMetaFile(recording);
+    ENHMETAHEADER header{};
+    ::GetEnhMetaFileHeader(metafile, sizeof header, &header);
+    ::DeleteEnhMetaFile(metafile);
+    return TRect(header.rclBounds.left, header.rclBounds.top, header.rclBounds.right,
+                 header.rclBounds.bottom);
+}
+
+// What lay beyond the screen's size, or left of its origin, was left out without a word.
+TEST(TurnedBlit, is_recorded_by_an_enhanced_metafile_at_any_place) {
+    for (const float place : {-3000.0f, 0.0f, 9000.0f}) {
+        bool drawn = false;
+        const TRect bounds = RecordedBounds(place, -place, 40, drawn);
+        const double half = 20 * std::sqrt(2.0);
+        EXPECT_TRUE(drawn) << place;
+        EXPECT_NEAR(place - half, bounds.left, 2) << place;
+        EXPECT_NEAR(-place - half, bounds.top, 2) << place;
+        EXPECT_NEAR(place + half, bounds.right, 2) << place;
+        EXPECT_NEAR(-place + half, bounds.bottom, 2) << place;
+    }
+}
+
+TEST(TurnedBlit, refuses_to_fill_a_metafile_with_gigabytes) {
+    if (owl::PlatformTurnsPictures())
+        return;
+    bool drawn = true;
+    RecordedBounds(0, 0, 20000, drawn);
+    EXPECT_FALSE(drawn);
 }
 
 TEST(TurnedBlit, leaves_nothing_behind) {

@@ -209,4 +209,54 @@ TEST(TurnedPicture, leaves_out_what_is_too_far_away_to_count) {
     EXPECT_EQ(TPoint(5, 5), turned.SourceOf(0, 0));
 }
 
+// The places of a chequered picture of 12 by 8, of which each pixel is asked for alone, by their pixel.
+TEST(TurnedPicture, parts_that_fill_it_share_no_place_and_leave_none_out) {
+    const TPictureTransform transforms[] = {Turned(0.6, 3, 2),
+                                            Turned(pi / 4, 0, 0),
+                                            {0.5, 0, 0, 0.5, 0, 0},
+                                            {-1.5, 0.25, 0.5, 2, 1, 1},
+                                            {0.6, 0.8, -0.8, 0.6, 0, 0}};
+    for (const TPictureTransform& transform : transforms) {
+        const TTurnedPicture turned(TSize(12, 8), transform);
+        for (int y = turned.Bounds().top; y < turned.Bounds().bottom; ++y) {
+            const TTurnedPicture::TRun all = turned.RunOf(y);
+            std::vector<int> times(static_cast<std::size_t>(all.end - all.begin));
+            for (int part = 0; part < 12 * 8; ++part) {
+                const TPoint pixel(part % 12, part / 12);
+                const TTurnedPicture::TRun run = turned.RunOf(y, TRect(pixel, TSize(1, 1)));
+                for (int x = run.begin; x < run.end; ++x) {
+                    EXPECT_EQ(pixel, turned.SourceOf(x, y));
+                    ++times.at(static_cast<std::size_t>(x - all.begin));
+                }
+            }
+            EXPECT_EQ(std::vector<int>(times.size(), 1), times) << y;
+        }
+    }
+}
+
+TEST(TurnedPicture, a_part_that_reaches_beyond_it_is_cut_off) {
+    const TTurnedPicture turned(TSize(3, 2), {});
+    EXPECT_EQ(1, turned.RunOf(0, TRect(1, -5, 99, 5)).begin);
+    EXPECT_EQ(3, turned.RunOf(0, TRect(1, -5, 99, 5)).end);
+    for (const TRect& part : {TRect(), TRect(3, 0, 9, 2), TRect(2, 1, 1, 0), TRect(0, 1, 3, 2)})
+        EXPECT_EQ(turned.RunOf(0, part).begin, turned.RunOf(0, part).end);
+}
+
+// Printers show some of the places about a picture.
+TEST(TurnedPicture, copies_the_nearest_pixels_to_places_that_it_does_not_cover) {
+    std::vector<std::uint32_t> picture(12 * 8);
+    for (std::uint32_t i = 0; i < picture.size(); ++i)
+        picture[i] = i;
+    const TTurnedPicture turned(TSize(12, 8), Turned(0.6, 3, 2));
+    for (int y = turned.Bounds().top - 1; y <= turned.Bounds().bottom; ++y) {
+        std::vector<std::uint32_t> row(40, 999);
+        turned.CopyRun(picture.data(), 12, y, {-20, 20}, row.data());
+        for (int x = -20; x < 20; ++x) {
+            const TPoint source = turned.SourceOf(x, y);
+            ASSERT_EQ(static_cast<std::uint32_t>(source.y * 12 + source.x),
+                      row[static_cast<std::size_t>(x + 20)]);
+        }
+    }
+}
+
 }  // namespace

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "letter_picture.h"
 #include "message_window.h"
+#include "owl/brush.h"
 #include "owl/error.h"
 #include "owl/pen.h"
 #include "surface.h"
@@ -45,6 +47,34 @@ TEST(WindowDc, draws_on_the_window) {
         dc.SetPixel(3, 4, TColor(9, 8, 7));
     }
     EXPECT_EQ(TColor(9, 8, 7), TClientDC(window).GetPixel(3, 4));
+}
+
+/// A picture and a rectangle under a turn, on a ground of one colour.
+void DrawTurned(owl::TDC& dc) {
+    const owl_test::LetterPicture picture({"RG", "BY"}, 24);
+    const owl::TBrush cyan(TColor::LtCyan);
+    dc.PatBlt(0, 0, 90, 70, WHITENESS);
+    dc.SetGraphicsMode(GM_ADVANCED);
+    dc.SetWorldTransform({0.8f, 0.6f, -0.6f, 0.8f, 40, 30});
+    EXPECT_TRUE(dc.StretchDIBits(TRect(-15, -15, 5, 5), TRect(0, 0, 2, 2), picture.Bits(), picture.Info()));
+    EXPECT_TRUE(dc.FillRect(TRect(8, -10, 20, 10), cyan));
+    dc.ModifyWorldTransform({}, MWT_IDENTITY);
+    dc.SetGraphicsMode(GM_COMPATIBLE);
+}
+
+TEST(WindowDc, shows_what_is_turned_as_memory_does) {
+    const Framed window;
+    TClientDC dc(window);
+    DrawTurned(dc);
+    owl_test::Surface surface(90, 70);
+    DrawTurned(surface.dc);
+    // The middle of the red quarter, (-10, -10), and a place in the rectangle, (14, 0).
+    EXPECT_EQ(TColor::LtRed, TColor(surface.At(38, 16)));
+    EXPECT_EQ(TColor::LtCyan, TColor(surface.At(51, 38)));
+    for (int y = 0; y < 70; ++y) {
+        for (int x = 0; x < 90; ++x)
+            ASSERT_EQ(TColor(surface.At(x, y)), dc.GetPixel(x, y)) << x << "," << y;
+    }
 }
 
 TEST(WindowDc, of_no_window_throws) {
