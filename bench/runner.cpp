@@ -1,24 +1,14 @@
 #include "bench/runner.h"
 
-#include <malloc.h>
-#include <sched.h>
-#include <time.h>
-
-#include <cerrno>
+#include <algorithm>
 #include <cstdlib>
 #include <stdexcept>
-#include <system_error>
 
+#include "bench/machine.h"
 #include "bench/statistics.h"
 
 namespace lvx_bench {
 namespace {
-
-double nanoseconds(clockid_t clock) {
-    timespec now{};
-    clock_gettime(clock, &now);
-    return static_cast<double>(now.tv_sec) * 1e9 + static_cast<double>(now.tv_nsec);
-}
 
 void call(const std::function<void()>& step) {
     if (step) {
@@ -32,14 +22,6 @@ struct Sample {
     bool disturbed;
 };
 
-// Memory that was given back stays with the process, as in one that has worked with large documents before;
-// blocks of 32 MiB and more, malloc's own limit, come fresh from the system. So what is measured is the
-// libraries and not how the system hands out pages.
-void keep_heap() {
-    mallopt(M_MMAP_THRESHOLD, 32 * 1024 * 1024);
-    mallopt(M_TRIM_THRESHOLD, 1024 * 1024 * 1024);
-}
-
 // Joins what the run before has freed, as freeing a large block does: no run is to find the gaps of its
 // forerunner.
 void settle_heap() {
@@ -51,11 +33,11 @@ void settle_heap() {
 Sample take_sample(const Contender& contender) {
     call(contender.prepare);
     settle_heap();
-    const double cpu_start = nanoseconds(CLOCK_THREAD_CPUTIME_ID);
-    const double start = nanoseconds(CLOCK_MONOTONIC);
+    const double cpu_start = processor_time();
+    const double start = elapsed_time();
     contender.run();
-    const double elapsed = nanoseconds(CLOCK_MONOTONIC) - start;
-    const double cpu = nanoseconds(CLOCK_THREAD_CPUTIME_ID) - cpu_start;
+    const double elapsed = elapsed_time() - start;
+    const double cpu = processor_time() - cpu_start;
     call(contender.release);
     constexpr double tolerated = 1.05;
     return {elapsed, elapsed > cpu * tolerated};
@@ -119,22 +101,6 @@ std::vector<Result> measure(const Benchmark& benchmark, int rounds) {
         results.push_back(compare(benchmark, benchmark.contenders[i].name, samples[0], samples[i]));
     }
     return results;
-}
-
-void pin_to_one_core() {
-    cpu_set_t allowed;
-    if (sched_getaffinity(0, sizeof allowed, &allowed) != 0) {
-        throw std::system_error(errno, std::generic_category(), "cannot ask for the cores");
-    }
-    int core = CPU_SETSIZE - 1;
-    while (core > 0 && !CPU_ISSET(core, &allowed)) {
-        --core;
-    }
-    CPU_ZERO(&allowed);
-    CPU_SET(core, &allowed);
-    if (sched_setaffinity(0, sizeof allowed, &allowed) != 0) {
-        throw std::system_error(errno, std::generic_category(), "cannot keep to one core");
-    }
 }
 
 }  // namespace lvx_bench

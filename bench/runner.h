@@ -58,7 +58,4 @@ struct Result {
 /// gives another fingerprint than ours.
 std::vector<Result> measure(const Benchmark& benchmark, int rounds);
 
-/// Keeps this process on one core from now on, the last that it may use. Throws std::system_error.
-void pin_to_one_core();
-
 }  // namespace lvx_bench

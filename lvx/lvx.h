@@ -3,14 +3,18 @@
 // Everything that the library offers on this system.
 #pragma once
 
+#include "lvx/drawing/colours.h"
+#include "lvx/drawing/point_array.h"
 #include "lvx/files/mru_list.h"
 #include "lvx/files/mru_menu.h"
 #include "lvx/files/path_string.h"
 #include "lvx/files/settings.h"
 #include "lvx/images/dibitmap.h"
 #include "lvx/images/global_locker.h"
+#include "lvx/images/rectangles.h"
 #include "lvx/platform/drives.h"
 #include "lvx/platform/profile_directory.h"
+#include "lvx/platform/windowed.h"
 #include "lvx/runtime/atom.h"
 #include "lvx/runtime/sync.h"
 #include "lvx/store/object_factory.h"

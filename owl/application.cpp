@@ -1,6 +1,5 @@
 #include "owl/application.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "owl/error.h"
@@ -12,11 +11,6 @@ namespace owl {
 namespace {
 
 TApplication* application_object = nullptr;
-
-bool IsAlive(const TWindow* window) {
-    const std::vector<TWindow*> windows = WindowsOfThisThread();
-    return std::find(windows.begin(), windows.end(), window) != windows.end();
-}
 
 }  // namespace
 
@@ -62,16 +56,26 @@ bool TApplication::CanClose() {
 
 // An application that ends a main window's object to take another goes on: the former one posts no quit.
 void TApplication::SetMainWindow(TFrameWindow* window) {
+    if (window == m_mainWindow)
+        return;
     m_mainWindowBase = window;
     delete std::exchange(m_mainWindow, window);
+}
+
+void TApplication::ForgetMainWindow(const TWindow& window) {
+    if (!IsMainWindow(window))
+        return;
+    m_mainWindow = nullptr;
+    m_mainWindowBase = nullptr;
 }
 
 bool TApplication::IdleAction(long idleCount) {
     bool more = false;
     if (m_mainWindow != nullptr && m_mainWindow->IsWindow())
         more = m_mainWindow->IdleAction(idleCount);
-    for (TWindow* window : WindowsOfThisThread()) {
-        if (IsAlive(window) && window->Parent == nullptr && !IsMainWindow(*window))
+    for (const HWND handle : WindowsOfThisThread()) {
+        TWindow* const window = FindWindowObject(handle);
+        if (window != nullptr && window->Parent == nullptr && !IsMainWindow(*window))
             more = window->IdleAction(idleCount) || more;
     }
     return more;

@@ -45,7 +45,7 @@ public:
 
     /// Null before there is one.
     TFrameWindow* GetMainWindow() const { return m_mainWindow; }
-    /// Deletes the former one.
+    /// Deletes the former one, unless it is the same. A main window that somebody else deletes is forgotten.
     void SetMainWindow(TFrameWindow* window);
     bool IsMainWindow(const TWindow& window) const { return &window == m_mainWindowBase; }
 
@@ -54,6 +54,10 @@ public:
     bool IdleAction(long idleCount) override;
 
 private:
+    friend class TWindow;
+
+    void ForgetMainWindow(const TWindow& window);
+
     int m_showCommand;
     TFrameWindow* m_mainWindow = nullptr;
     // The same object: asked for while it ends, too, when the other pointer can no longer be converted.

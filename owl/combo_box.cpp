@@ -1,17 +1,8 @@
 #include "owl/combo_box.h"
 
+#include "owl/item_message.h"
+
 namespace owl {
-
-namespace {
-
-int Send(const TWindow& window, UINT msg, int index, const void* text = nullptr) {
-    if (!window.IsWindow())
-        return CB_ERR;
-    return static_cast<int>(
-        window.SendMessage(msg, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(text)));
-}
-
-}  // namespace
 
 TComboBox::TComboBox(TWindow* parent, int id, int x, int y, int w, int h, unsigned long style,
                      unsigned textLimit, TModule* module)
@@ -36,48 +27,47 @@ void TComboBox::SetupWindow() {
 }
 
 int TComboBox::AddString(const char* text) {
-    return Send(*this, CB_ADDSTRING, 0, text);
+    return SendItemText(*this, CB_ADDSTRING, 0, text);
 }
 
 int TComboBox::InsertString(const char* text, int index) {
-    return Send(*this, CB_INSERTSTRING, index, text);
+    return SendItemText(*this, CB_INSERTSTRING, index, text);
 }
 
 int TComboBox::FindString(const char* text, int start) const {
-    return Send(*this, CB_FINDSTRING, start, text);
+    return SendItemText(*this, CB_FINDSTRING, start, text);
 }
 
 int TComboBox::DeleteString(int index) {
-    return Send(*this, CB_DELETESTRING, index);
+    return SendItemMessage(*this, CB_DELETESTRING, index);
 }
 
 void TComboBox::ClearList() {
-    Send(*this, CB_RESETCONTENT, 0);
+    SendItemMessage(*this, CB_RESETCONTENT, 0);
 }
 
 int TComboBox::GetCount() const {
-    return Send(*this, CB_GETCOUNT, 0);
+    return SendItemMessage(*this, CB_GETCOUNT, 0);
 }
 
 int TComboBox::GetString(char* text, int index) const {
-    text[0] = '\0';
-    return Send(*this, CB_GETLBTEXT, index, text);
+    return ReadItemText(*this, CB_GETLBTEXT, index, text);
 }
 
 int TComboBox::GetStringLen(int index) const {
-    return Send(*this, CB_GETLBTEXTLEN, index);
+    return SendItemMessage(*this, CB_GETLBTEXTLEN, index);
 }
 
 int TComboBox::GetSelIndex() const {
-    return Send(*this, CB_GETCURSEL, 0);
+    return SendItemMessage(*this, CB_GETCURSEL, 0);
 }
 
 bool TComboBox::SetSelIndex(int index) {
-    return Send(*this, CB_SETCURSEL, index) != CB_ERR || (index == -1 && IsWindow());
+    return SendItemMessage(*this, CB_SETCURSEL, index) != CB_ERR || (index == -1 && IsWindow());
 }
 
 int TComboBox::SetSelString(const char* text, int start) {
-    return Send(*this, CB_SELECTSTRING, start, text);
+    return SendItemText(*this, CB_SELECTSTRING, start, text);
 }
 
 LPARAM TComboBox::GetItemData(int index) const {
@@ -93,7 +83,7 @@ void TComboBox::SetText(const char* text) {
 }
 
 void TComboBox::ShowList(bool show) {
-    Send(*this, CB_SHOWDROPDOWN, show);
+    SendItemMessage(*this, CB_SHOWDROPDOWN, show);
 }
 
 void TComboBox::ReadSelection(TListBoxData& data) const {

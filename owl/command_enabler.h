@@ -18,7 +18,6 @@ public:
 
     /// Asks about `id`. `receiver` is the window that gets the question first; null is none.
     explicit TCommandEnabler(UINT id, HWND receiver = nullptr);
-    virtual ~TCommandEnabler();
     TCommandEnabler(const TCommandEnabler&) = delete;
     TCommandEnabler& operator=(const TCommandEnabler&) = delete;
 
@@ -27,6 +26,7 @@ public:
     virtual void SetText(const char* text) = 0;
     /// `check` is a TCommandState.
     virtual void SetCheck(int check) = 0;
+    virtual ~TCommandEnabler();
 
     UINT GetId() const { return m_id; }
     /// Whether somebody answered by Enable.

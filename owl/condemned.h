@@ -1,7 +1,8 @@
 // owl/condemned.h
 //
-// Window objects that end with their windows. They are deleted between two messages of the thread's outermost
-// loop, when none of their functions can be under way. Private to the framework.
+// Window objects that end with their windows. They are deleted when none of their functions can be under way:
+// between two messages of the thread's outermost loop, or, where no loop of ours runs, behind a timer that
+// the other loop dispatches. Private to the framework.
 #pragma once
 
 namespace owl {
@@ -11,10 +12,20 @@ class TWindow;
 /// Has `window` deleted before long. Twice is once.
 void Condemn(TWindow* window);
 
-/// Takes back what Condemn said; for who deletes the window.
+/// Takes back what Condemn said; for who deletes the window, or makes it anew.
 void Absolve(const TWindow* window);
 
-/// Counts the loops that run on this thread; the outermost one deletes what is condemned.
+/// Counts the functions of window objects that are under way on this thread: nothing is deleted meanwhile.
+class FunctionScope {
+public:
+    FunctionScope();
+    ~FunctionScope();
+    FunctionScope(const FunctionScope&) = delete;
+    FunctionScope& operator=(const FunctionScope&) = delete;
+};
+
+/// Counts the loops that run on this thread; the outermost one deletes what is condemned, at last when it
+/// ends.
 class LoopScope {
 public:
     LoopScope();

@@ -1,9 +1,12 @@
 #include "owl/dialog.h"
 
-#include "owl/application.h"
 #include "owl/carried_exception.h"
 #include "owl/error.h"
+#include "owl/key_message.h"
 #include "owl/last_error.h"
+#include "owl/message_chain.h"
+#include "owl/window_table.h"
+#include "owl/window_text.h"
 
 namespace owl {
 
@@ -13,8 +16,17 @@ namespace {
 // first message if the template names no font, so the scope of other windows would not do.
 thread_local TDialog* under_creation = nullptr;
 
-bool IsKey(UINT msg) {
-    return msg >= WM_KEYFIRST && msg <= WM_KEYLAST;
+// Of an outer dialog the accelerators count, but not what it would do with the keys of its own controls.
+bool IsTakenAbove(HWND dialog, MSG& msg) {
+    for (HWND above = AboveForMessages(dialog); above != nullptr; above = AboveForMessages(above)) {
+        TWindow* const window = FindWindowObject(above);
+        if (window == nullptr)
+            continue;
+        const bool isDialog = dynamic_cast<TDialog*>(window) != nullptr;
+        if (isDialog ? window->TWindow::PreProcessMsg(msg) : window->PreProcessMsg(msg))
+            return true;
+    }
+    return false;
 }
 
 }  // namespace
@@ -57,15 +69,14 @@ INT_PTR CALLBACK TDialog::DialogProcedure(HWND handle, UINT msg, WPARAM wParam, 
 }
 
 void TDialog::PerformCreate() {
-    const HINSTANCE instance =
-        GetModule() != nullptr ? GetModule()->GetInstance() : ::GetModuleHandleA(nullptr);
     const HWND parent = Parent != nullptr ? Parent->GetHandle() : nullptr;
     TDialog* const outer = under_creation;
     under_creation = this;
     ::SetLastError(0);
-    const HWND handle = m_template != nullptr
-                            ? ::CreateDialogIndirectParamA(instance, m_template, parent, &DialogProcedure, 0)
-                            : ::CreateDialogParamA(instance, m_resource, parent, &DialogProcedure, 0);
+    const HWND handle =
+        m_template != nullptr
+            ? ::CreateDialogIndirectParamA(GetInstance(), m_template, parent, &DialogProcedure, 0)
+            : ::CreateDialogParamA(GetInstance(), m_resource, parent, &DialogProcedure, 0);
     const DWORD reason = ::GetLastError();
     under_creation = outer;
     ThrowFailedSetup();
@@ -94,26 +105,32 @@ int TDialog::Execute() {
 }
 
 int TDialog::DoExecute() {
-    Create();
+    ExpectModal();
     struct Ending {
         ~Ending() {
+            dialog.SetModal(false);
             if (dialog.IsWindow())
                 ::DestroyWindow(dialog.GetHandle());
         }
-        const TDialog& dialog;
+        TDialog& dialog;
     } const ending{*this};
+    Create();
+    // SetupWindow may have decided already.
+    if (!IsModal() || !IsWindow())
+        return GetModalResult();
     ShowWindow(SW_SHOW);
     return BeginModal(Parent);
 }
 
 bool TDialog::EvInitDialog(HWND focus) {
     static_cast<void>(focus);
+    AgreeOnCaption();
     SetupWindow();
     return true;
 }
 
 void TDialog::CloseWindow(int retVal) {
-    if (!CanClose())
+    if (!MayClose())
         return;
     TransferData(tdGetData);
     Destroy(retVal);
@@ -136,10 +153,13 @@ void TDialog::EvPaint() {
     PaintByObject();
 }
 
+// The system takes every key of a dialog: who stands above one that is a child is asked before.
 bool TDialog::PreProcessMsg(MSG& msg) {
     if (TWindow::PreProcessMsg(msg))
         return true;
-    return IsKey(msg.message) && IsWindow() && ::IsDialogMessageA(GetHandle(), &msg);
+    if (!IsKeyMessage(msg.message))
+        return false;
+    return IsTakenAbove(GetHandle(), msg) || (IsWindow() && ::IsDialogMessageA(GetHandle(), &msg));
 }
 
 void TDialog::MapDialogRect(TRect& rect) const {
@@ -147,23 +167,19 @@ void TDialog::MapDialogRect(TRect& rect) const {
 }
 
 void TDialog::SetDlgItemText(int id, const char* text) {
-    ::SetDlgItemTextA(GetHandle(), id, text);
+    ::SetWindowTextA(GetDlgItem(id), text);
 }
 
 std::string TDialog::GetDlgItemText(int id) const {
-    const HWND item = GetDlgItem(id);
-    std::string text(static_cast<std::size_t>(::GetWindowTextLengthA(item)), '\0');
-    const int length = ::GetWindowTextA(item, text.data(), static_cast<int>(text.size()) + 1);
-    text.resize(static_cast<std::size_t>(length));
-    return text;
+    return TextOfWindow(GetDlgItem(id));
 }
 
 void TDialog::CheckDlgButton(int id, UINT check) {
-    ::CheckDlgButton(GetHandle(), id, check);
+    SendDlgItemMessage(id, BM_SETCHECK, check);
 }
 
 UINT TDialog::IsDlgButtonChecked(int id) const {
-    return ::IsDlgButtonChecked(GetHandle(), id);
+    return static_cast<UINT>(SendDlgItemMessage(id, BM_GETCHECK));
 }
 
 int TDialog::GetDefaultId() const {

@@ -17,11 +17,12 @@ public:
     TDialog(TWindow* parent, const DLGTEMPLATE* dialogTemplate, TModule* module = nullptr);
     ~TDialog() override;
 
-    /// Makes a modeless dialog; it shows if its template says so. Throws TXWindow, or what SetupWindow threw.
+    /// Makes a modeless dialog; it shows if its template says so. Its caption is the template's, unless
+    /// SetWindowText gave it another before. Throws TXWindow, or what SetupWindow threw.
     bool Create() override;
     /// Shows the dialog, keeps its parent from input, and returns what closed it: IDOK, IDCANCEL or what
     /// CloseWindow, Destroy or EndModal got. The window is gone then, also if a handler's exception comes out
-    /// of here.
+    /// of here. SetupWindow may end it in the same ways before it shows.
     int Execute();
     /// What Execute does; for what is to be done around it.
     virtual int DoExecute();
@@ -35,7 +36,7 @@ public:
 
     /// Sees to the keys of dialogs: Tab, arrows, Enter, Escape, mnemonics.
     bool PreProcessMsg(MSG& msg) override;
-    /// Calls SetupWindow. True lets the system set the focus.
+    /// Sets the caption and calls SetupWindow. True lets the system set the focus.
     virtual bool EvInitDialog(HWND focus);
     void EvClose();
     /// Calls Paint: a dialog's background can be drawn on.

@@ -13,6 +13,13 @@ namespace {
 
 constexpr const char* class_name = "OwlFrame";
 
+// The icon as it was drawn for captions: the large one, made smaller, would lose its finer lines.
+HICON LoadSmallIcon(const TModule* module, TResId icon) {
+    const HINSTANCE instance = module != nullptr ? module->GetInstance() : nullptr;
+    return static_cast<HICON>(::LoadImageA(instance, icon, IMAGE_ICON, ::GetSystemMetrics(SM_CXSMICON),
+                                           ::GetSystemMetrics(SM_CYSMICON), LR_SHARED));
+}
+
 }  // namespace
 
 DEFINE_RESPONSE_TABLE1(TFrameWindow, TWindow)
@@ -45,8 +52,6 @@ const char* TFrameWindow::GetClassName() {
 void TFrameWindow::GetWindowClass(WNDCLASSA& windowClass) {
     TWindow::GetWindowClass(windowClass);
     windowClass.hIcon = ::LoadIconA(nullptr, reinterpret_cast<const char*>(IDI_APPLICATION));
-    if (m_client != nullptr)
-        windowClass.hbrBackground = nullptr;
 }
 
 // A client that somebody deletes takes itself out of the children.
@@ -60,13 +65,17 @@ TWindow* TFrameWindow::SetClientWindow(TWindow* client) {
     TWindow* const former = GetClientWindow();
     if (former == client)
         return nullptr;
-    if (former != nullptr)
+    if (former != nullptr) {
+        former->ShowWindow(SW_HIDE);
         former->SetParent(nullptr);
+    }
     m_client = client;
     if (client != nullptr) {
         client->SetParent(this);
         client->EnableAutoCreate();
-        if (IsWindow())
+        if (client->IsWindow())
+            client->ShowWindow(SW_SHOW);
+        else if (IsWindow())
             client->Create();
     }
     FitClient();
@@ -75,18 +84,26 @@ TWindow* TFrameWindow::SetClientWindow(TWindow* client) {
 
 void TFrameWindow::SetupWindow() {
     TWindow::SetupWindow();
-    if (m_icon != nullptr)
-        SendMessage(WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(m_icon));
+    ShowIcon();
     if (m_shrinkToClient)
         ShrinkToClient();
-    FitClient();
+    ArrangeBars();
+}
+
+// Without icons of its own the window keeps those of its class.
+void TFrameWindow::ShowIcon() {
+    if (m_icon == nullptr || !IsWindow())
+        return;
+    SendMessage(WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(m_icon));
+    SendMessage(WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(m_smallIcon));
 }
 
 void TFrameWindow::ShrinkToClient() {
     const TWindow* const client = GetClientWindow();
     if (client == nullptr)
         return;
-    RECT rect{0, 0, client->Attr.W, client->Attr.H};
+    const TSize bars = RoomForBars();
+    RECT rect{0, 0, client->Attr.W + bars.cx, client->Attr.H + bars.cy};
     ::AdjustWindowRectEx(&rect, GetStyle(), ::GetMenu(GetHandle()) != nullptr, GetExStyle());
     SetWindowPos(nullptr, 0, 0, rect.right - rect.left, rect.bottom - rect.top,
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
@@ -95,21 +112,24 @@ void TFrameWindow::ShrinkToClient() {
 void TFrameWindow::FitClient() {
     TWindow* const client = GetClientWindow();
     if (client != nullptr && client->IsWindow() && IsWindow())
-        client->MoveWindow(GetClientRect());
+        client->MoveWindow(GetClientRoom());
 }
 
 bool TFrameWindow::AssignMenu(TResId menu) {
+    if (IsWindow()) {
+        const HMENU loaded = ::LoadMenuA(GetInstance(), menu);
+        if (loaded == nullptr)
+            return false;
+        ::DestroyMenu(ExchangeMenu(loaded));
+    }
     Attr.Menu = menu;
-    if (!IsWindow())
-        return true;
-    const HMENU loaded = GetModule() != nullptr ? GetModule()->LoadMenu(menu) : nullptr;
-    if (loaded == nullptr)
-        return false;
-    const HMENU former = GetMenu();
-    SetMenu(loaded);
-    if (former != nullptr)
-        ::DestroyMenu(former);
     return true;
+}
+
+HMENU TFrameWindow::ExchangeMenu(HMENU menu) {
+    const HMENU former = GetMenu();
+    SetMenu(menu);
+    return former;
 }
 
 bool TFrameWindow::SetIcon(TModule* module, TResId icon) {
@@ -117,20 +137,33 @@ bool TFrameWindow::SetIcon(TModule* module, TResId icon) {
     if (loaded == nullptr)
         return false;
     m_icon = loaded;
-    if (IsWindow())
-        SendMessage(WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(m_icon));
+    m_smallIcon = LoadSmallIcon(module, icon);
+    ShowIcon();
     return true;
 }
 
-// Offers to the objects from the one with the focus up to below the frame; true as soon as `body` is.
+HWND TFrameWindow::CommandTarget() const {
+    const TWindow* const client = GetClientWindow();
+    return client != nullptr && client->IsWindow() ? client->GetHandle() : GetHandle();
+}
+
+// Offers to the objects from the one with the focus up to below the frame, then to those that would be asked
+// if nobody had it; true as soon as `body` is.
 template <class Body>
 bool TFrameWindow::OfferToTargets(const Body& body) {
-    HWND target = ::GetFocus();
-    if (!IsChild(target))
-        target = GetClientWindow() != nullptr ? GetClientWindow()->GetHandle() : nullptr;
-    for (; target != nullptr && target != GetHandle(); target = ::GetParent(target)) {
+    const HWND focus = IsChild(::GetFocus()) ? ::GetFocus() : nullptr;
+    const auto asked = [focus](HWND target) { return target == focus || ::IsChild(target, focus); };
+    const auto offer = [&](HWND target) {
         TWindow* const window = FindWindowObject(target);
-        if (window != nullptr && body(*window))
+        return window != nullptr && body(*window);
+    };
+    for (HWND target = focus; target != nullptr && target != GetHandle(); target = ::GetParent(target)) {
+        if (offer(target))
+            return true;
+    }
+    for (HWND target = CommandTarget(); target != nullptr && target != GetHandle();
+         target = ::GetParent(target)) {
+        if (!asked(target) && offer(target))
             return true;
     }
     return false;
@@ -182,9 +215,14 @@ void TFrameWindow::EvInitMenuPopup(HMENU menu, UINT position, bool systemMenu) {
 }
 
 void TFrameWindow::EvActivate(UINT active, bool minimised, HWND other) {
-    if (active == WA_INACTIVE && IsChild(::GetFocus()))
-        m_focus = ::GetFocus();
+    if (active == WA_INACTIVE)
+        RememberFocus();
     TWindow::EvActivate(active, minimised, other);
+}
+
+void TFrameWindow::RememberFocus() {
+    if (IsChild(::GetFocus()))
+        m_focus = ::GetFocus();
 }
 
 void TFrameWindow::EvSetFocus(HWND lost) {
@@ -198,7 +236,7 @@ void TFrameWindow::EvSetFocus(HWND lost) {
 void TFrameWindow::EvSize(UINT how, const TSize& size) {
     TWindow::EvSize(how, size);
     if (how != SIZE_MINIMIZED)
-        FitClient();
+        ArrangeBars();
 }
 
 }  // namespace owl

@@ -1,19 +1,11 @@
 #include "owl/list_box.h"
 
+#include <algorithm>
 #include <cstring>
 
+#include "owl/item_message.h"
+
 namespace owl {
-
-namespace {
-
-int Send(const TWindow& window, UINT msg, int index, const void* text = nullptr) {
-    if (!window.IsWindow())
-        return LB_ERR;
-    return static_cast<int>(
-        window.SendMessage(msg, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(text)));
-}
-
-}  // namespace
 
 TListBox::TListBox(TWindow* parent, int id, int x, int y, int w, int h, TModule* module)
     : TControl(parent, id, nullptr, x, y, w, h, module) {
@@ -29,65 +21,67 @@ const char* TListBox::GetClassName() {
 }
 
 int TListBox::AddString(const char* text) {
-    return Send(*this, LB_ADDSTRING, 0, text);
+    return SendItemText(*this, LB_ADDSTRING, 0, text);
 }
 
 int TListBox::InsertString(const char* text, int index) {
-    return Send(*this, LB_INSERTSTRING, index, text);
+    return SendItemText(*this, LB_INSERTSTRING, index, text);
 }
 
 int TListBox::FindString(const char* text, int start) const {
-    return Send(*this, LB_FINDSTRING, start, text);
+    return SendItemText(*this, LB_FINDSTRING, start, text);
 }
 
 int TListBox::DeleteString(int index) {
-    return Send(*this, LB_DELETESTRING, index);
+    return SendItemMessage(*this, LB_DELETESTRING, index);
 }
 
 void TListBox::ClearList() {
-    Send(*this, LB_RESETCONTENT, 0);
+    SendItemMessage(*this, LB_RESETCONTENT, 0);
 }
 
 int TListBox::GetCount() const {
-    return Send(*this, LB_GETCOUNT, 0);
+    return SendItemMessage(*this, LB_GETCOUNT, 0);
 }
 
 int TListBox::GetString(char* text, int index) const {
-    text[0] = '\0';
-    return Send(*this, LB_GETTEXT, index, text);
+    return ReadItemText(*this, LB_GETTEXT, index, text);
 }
 
 int TListBox::GetStringLen(int index) const {
-    return Send(*this, LB_GETTEXTLEN, index);
+    return SendItemMessage(*this, LB_GETTEXTLEN, index);
 }
 
 int TListBox::GetSelIndex() const {
-    return Send(*this, LB_GETCURSEL, 0);
+    return SendItemMessage(*this, LB_GETCURSEL, 0);
 }
 
 // The system's answer to -1 is an error as well.
 bool TListBox::SetSelIndex(int index) {
-    return Send(*this, LB_SETCURSEL, index) != LB_ERR || (index == -1 && IsWindow());
+    return SendItemMessage(*this, LB_SETCURSEL, index) != LB_ERR || (index == -1 && IsWindow());
 }
 
 int TListBox::SetSelString(const char* text, int start) {
-    return Send(*this, LB_SELECTSTRING, start, text);
+    return SendItemText(*this, LB_SELECTSTRING, start, text);
 }
 
 int TListBox::GetSelString(char* text, int size) const {
     if (text == nullptr || size <= 0)
         return 0;
-    text[0] = '\0';
-    const int index = GetSelIndex();
+    const std::size_t copied = TextOf(GetSelIndex()).copy(text, static_cast<std::size_t>(size) - 1);
+    text[copied] = '\0';
+    return static_cast<int>(copied);
+}
+
+// The length that the system tells first may be too long.
+std::string TListBox::TextOf(int index) const {
     const int length = GetStringLen(index);
     if (length < 0)
-        return 0;
-    std::vector<char> item(static_cast<std::size_t>(length) + 1);
-    GetString(item.data(), index);
-    const int copied = length < size ? length : size - 1;
-    std::memcpy(text, item.data(), static_cast<std::size_t>(copied));
-    text[copied] = '\0';
-    return copied;
+        return {};
+    std::string text(static_cast<std::size_t>(length), '\0');
+    const int copied = GetString(text.data(), index);
+    text.resize(static_cast<std::size_t>(std::clamp(copied, 0, length)));
+    return text;
 }
 
 LPARAM TListBox::GetItemData(int index) const {
@@ -100,16 +94,23 @@ bool TListBox::SetItemData(int index, LPARAM data) {
 
 void TListBox::ReadSelection(TListBoxData& data) const {
     data.SelIndex = GetSelIndex();
-    const int length = GetStringLen(data.SelIndex);
-    std::vector<char> text(length < 0 ? 1 : static_cast<std::size_t>(length) + 1);
-    GetSelString(text.data(), static_cast<int>(text.size()));
-    data.SelString = text.data();
+    data.SelString = TextOf(data.SelIndex);
 }
 
-// A sorted list has the items elsewhere than they stand in the data: the text finds them.
+// A sorted list has the items elsewhere than they stand in the data: the text finds them. Not by the system's
+// search, to which "pearl" is as good as "pear".
+int TListBox::IndexOf(const TListBoxData& data) const {
+    if (data.SelString.empty() || TextOf(data.SelIndex) == data.SelString)
+        return data.SelIndex;
+    for (int index = 0; index < GetCount(); ++index) {
+        if (TextOf(index) == data.SelString)
+            return index;
+    }
+    return data.SelIndex;
+}
+
 void TListBox::WriteSelection(const TListBoxData& data) {
-    if (data.SelString.empty() || SetSelString(data.SelString.c_str()) < 0)
-        SetSelIndex(data.SelIndex);
+    SetSelIndex(IndexOf(data));
 }
 
 unsigned TListBox::Transfer(void* buffer, TTransferDirection direction) {

@@ -15,7 +15,8 @@ namespace owl {
 struct TListBoxData {
     std::vector<std::string> Strings;
     int SelIndex = -1;
-    /// The selected text; of a combo box with a field what stands in it.
+    /// The selected text, which outweighs the index where the list has it elsewhere; of a combo box with a
+    /// field what stands in it.
     std::string SelString;
 };
 
@@ -25,7 +26,7 @@ public:
     explicit TListBox(TWindow* parent, int resourceId, TModule* module = nullptr);
     ~TListBox() override;
 
-    /// These return the item's index, -1 if the system refuses.
+    /// These return the item's index, -1 if the system refuses. A null text is an empty one.
     virtual int AddString(const char* text);
     virtual int InsertString(const char* text, int index);
     /// The first item behind `start` that begins with `text`, without regard to case; -1 starts at the top.
@@ -46,6 +47,7 @@ public:
     virtual int SetSelString(const char* text, int start = -1);
     /// Copies at most `size` - 1 bytes of the selected item; returns how many. 0 with nothing selected.
     int GetSelString(char* text, int size) const;
+    /// LB_ERR for a bad index, 0 without a window.
     virtual LPARAM GetItemData(int index) const;
     virtual bool SetItemData(int index, LPARAM data);
 
@@ -57,6 +59,10 @@ protected:
     /// Fills in what the selection says.
     virtual void ReadSelection(TListBoxData& data) const;
     virtual void WriteSelection(const TListBoxData& data);
+
+private:
+    std::string TextOf(int index) const;
+    int IndexOf(const TListBoxData& data) const;
 };
 
 }  // namespace owl

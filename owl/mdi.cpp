@@ -1,5 +1,8 @@
 #include "owl/mdi.h"
 
+#include "owl/child_walk.h"
+#include "owl/command_enabler.h"
+#include "owl/key_message.h"
 #include "owl/window_table.h"
 
 namespace owl {
@@ -8,12 +11,24 @@ namespace {
 
 // The children's commands in the list of the window menu; hosts number theirs below.
 constexpr UINT first_child_command = 0xE000;
+// Behind nine children the list ends with a command for the others.
+constexpr UINT last_child_command = first_child_command + 9;
 
-bool IsKey(UINT msg) {
-    return msg >= WM_KEYFIRST && msg <= WM_KEYLAST;
+// A maximised child puts its system menu in front of the bar's items.
+bool IsInFront(const TMDIClient* client, HMENU bar) {
+    const TMDIChild* const child = client != nullptr ? client->GetActiveMDIChild() : nullptr;
+    return child != nullptr && child->IsZoomed() && ::GetSubMenu(bar, 0) == child->GetSystemMenu();
 }
 
 }  // namespace
+
+DEFINE_RESPONSE_TABLE1(TMDIClient, TWindow)
+    EV_WM_DESTROY,
+END_RESPONSE_TABLE;
+
+DEFINE_RESPONSE_TABLE1(TMDIChild, TFrameWindow)
+    EV_WM_MDIACTIVATE,
+END_RESPONSE_TABLE;
 
 TMDIClient::TMDIClient(TModule* module) {
     Init(static_cast<TWindow*>(nullptr), nullptr, module);
@@ -21,7 +36,11 @@ TMDIClient::TMDIClient(TModule* module) {
     Attr.ExStyle = WS_EX_CLIENTEDGE;
 }
 
-TMDIClient::~TMDIClient() = default;
+// While the object still sees to its messages.
+TMDIClient::~TMDIClient() {
+    if (IsWindow())
+        ::DestroyWindow(GetHandle());
+}
 
 const char* TMDIClient::GetClassName() {
     return "MDICLIENT";
@@ -62,13 +81,18 @@ void TMDIClient::ArrangeIcons() {
 bool TMDIClient::CloseChildren() {
     if (!CanClose())
         return false;
-    for (TWindow* child : std::vector<TWindow*>(GetChildren()))
-        child->Destroy();
+    EachChild(*this, [](TWindow& child) { child.Destroy(); });
     return true;
 }
 
+// The system's client forgets its list of children here, but they ask for it when they go.
+void TMDIClient::EvDestroy() {
+    EachChild(*this, [](TWindow& child) { child.Destroy(); });
+    TWindow::EvDestroy();
+}
+
 bool TMDIClient::PreProcessMsg(MSG& msg) {
-    if (IsKey(msg.message) && IsWindow() && ::TranslateMDISysAccel(GetHandle(), &msg))
+    if (IsKeyMessage(msg.message) && IsWindow() && ::TranslateMDISysAccel(GetHandle(), &msg))
         return true;
     return TWindow::PreProcessMsg(msg);
 }
@@ -90,7 +114,34 @@ TMDIClient* TMDIFrame::GetClientWindow() const {
 }
 
 HMENU TMDIFrame::GetWindowMenu() const {
-    return m_windowMenu < 0 ? nullptr : ::GetSubMenu(GetMenu(), m_windowMenu);
+    if (m_windowMenu < 0)
+        return nullptr;
+    return ::GetSubMenu(GetMenu(), IsInFront(GetClientWindow(), GetMenu()) ? m_windowMenu + 1 : m_windowMenu);
+}
+
+HWND TMDIFrame::CommandTarget() const {
+    const TMDIClient* const client = GetClientWindow();
+    const TMDIChild* const child = client != nullptr ? client->GetActiveMDIChild() : nullptr;
+    return child != nullptr ? child->CommandTarget() : TFrameWindow::CommandTarget();
+}
+
+void TMDIFrame::EvCommandEnable(TCommandEnabler& enabler) {
+    if (enabler.GetId() >= first_child_command && enabler.GetId() <= last_child_command)
+        enabler.Enable();
+    else
+        TFrameWindow::EvCommandEnable(enabler);
+}
+
+// By way of the client, which moves its list and what a maximised child has put into the bar.
+HMENU TMDIFrame::ExchangeMenu(HMENU menu) {
+    const TMDIClient* const client = GetClientWindow();
+    if (client == nullptr || !client->IsWindow())
+        return TFrameWindow::ExchangeMenu(menu);
+    const HMENU former = GetMenu();
+    const HMENU windowMenu = m_windowMenu < 0 ? nullptr : ::GetSubMenu(menu, m_windowMenu);
+    client->SendMessage(WM_MDISETMENU, reinterpret_cast<WPARAM>(menu), reinterpret_cast<LPARAM>(windowMenu));
+    DrawMenuBar();
+    return former;
 }
 
 LRESULT TMDIFrame::DefWindowProc(UINT msg, WPARAM wParam, LPARAM lParam) {
@@ -123,6 +174,13 @@ void TMDIChild::Destroy(int retVal) {
     static_cast<void>(retVal);
     if (IsWindow())
         ::SendMessageA(::GetParent(GetHandle()), WM_MDIDESTROY, reinterpret_cast<WPARAM>(GetHandle()), 0);
+}
+
+void TMDIChild::EvMDIActivate(HWND activated, HWND deactivated) {
+    static_cast<void>(activated);
+    if (deactivated == GetHandle())
+        RememberFocus();
+    DefaultProcessing();
 }
 
 LRESULT TMDIChild::DefWindowProc(UINT msg, WPARAM wParam, LPARAM lParam) {

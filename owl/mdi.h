@@ -30,10 +30,14 @@ public:
 
     /// Sees to the keys of MDI, such as Ctrl+F4 and Ctrl+F6.
     bool PreProcessMsg(MSG& msg) override;
+    /// Destroys the children first.
+    void EvDestroy();
 
 protected:
     const char* GetClassName() override;
     void PerformCreate() override;
+
+    DECLARE_RESPONSE_TABLE(TMDIClient);
 };
 
 class OWL_EXPORT TMDIFrame : public TFrameWindow {
@@ -45,9 +49,16 @@ public:
     ~TMDIFrame() override;
 
     TMDIClient* GetClientWindow() const;
+    /// The active child's.
+    HWND CommandTarget() const override;
+    /// The commands of the list of children are the system's and always enabled.
+    void EvCommandEnable(TCommandEnabler& enabler) override;
     LRESULT DefWindowProc(UINT msg, WPARAM wParam, LPARAM lParam) override;
     /// The drop-down for the list of children, or null.
     HMENU GetWindowMenu() const;
+
+protected:
+    HMENU ExchangeMenu(HMENU menu) override;
 
 private:
     int m_windowMenu;
@@ -62,9 +73,13 @@ public:
 
     void Destroy(int retVal = 0) override;
     LRESULT DefWindowProc(UINT msg, WPARAM wParam, LPARAM lParam) override;
+    /// Remembers who has the focus when another child takes over.
+    void EvMDIActivate(HWND activated, HWND deactivated);
 
 protected:
     const char* GetClassName() override;
+
+    DECLARE_RESPONSE_TABLE(TMDIChild);
 };
 
 }  // namespace owl

@@ -4,6 +4,7 @@
 
 #include "owl/carried_exception.h"
 #include "owl/condemned.h"
+#include "owl/message_chain.h"
 #include "owl/window.h"
 #include "owl/window_table.h"
 
@@ -11,12 +12,9 @@ namespace owl {
 
 namespace {
 
-bool IsChild(HWND window) {
-    return (::GetWindowLongA(window, GWL_STYLE) & static_cast<LONG>(WS_CHILD)) != 0;
-}
-
-HWND AboveForMessages(HWND window) {
-    return IsChild(window) ? ::GetParent(window) : nullptr;
+// Also for one that somebody has looked at and left in the queue: to the plain call that is an old one.
+void WaitForMessage() {
+    ::MsgWaitForMultipleObjectsEx(0, nullptr, INFINITE, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
 }
 
 }  // namespace
@@ -46,9 +44,11 @@ bool TMsgThread::RunUntil(const std::function<bool()>& done) {
         }
         // What was sent from other threads has been handled meanwhile.
         ThrowCarriedException();
-        if (!IdleAction(idleCount)) {
+        const bool more = IdleAction(idleCount);
+        ThrowCarriedException();
+        if (!more) {
             if (!done())
-                ::WaitMessage();
+                WaitForMessage();
             idleCount = 0;
         } else if (idleCount < std::numeric_limits<long>::max()) {
             ++idleCount;

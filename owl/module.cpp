@@ -27,6 +27,8 @@ TModule::TModule(const char* name, HINSTANCE instance)
 }
 
 TModule::TModule(const char* file, bool load) : m_instance(nullptr), m_loaded(load) {
+    if (file == nullptr)
+        throw TXOwl("a library needs a file");
     m_instance = Require<TXOwl>(file, [&] { return load ? ::LoadLibraryA(file) : ::GetModuleHandleA(file); });
     m_name = StemOf(GetModuleFileName());
 }

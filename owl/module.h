@@ -33,8 +33,8 @@ public:
 
     /// The text `id` of the string table; empty if there is none.
     std::string LoadString(UINT id) const;
-    /// These give null if the module has no such resource. Bitmaps, menus and icons that are not shared are
-    /// for the caller to destroy.
+    /// These give null if the module has no such resource. Bitmaps, menus, accelerator tables and icons that
+    /// are not shared are for the caller to destroy.
     HBITMAP LoadBitmap(TResId id) const;
     HICON LoadIcon(TResId id) const;
     HCURSOR LoadCursor(TResId id) const;

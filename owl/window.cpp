@@ -1,9 +1,9 @@
 #include "owl/window.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "owl/application.h"
+#include "owl/child_walk.h"
 #include "owl/condemned.h"
 #include "owl/error.h"
 #include "owl/window_table.h"
@@ -28,10 +28,14 @@ TWindow::~TWindow() {
         else
             ::DestroyWindow(m_handle);
     }
+    if (m_accelerators != nullptr)
+        ::DestroyAcceleratorTable(m_accelerators);
     DeleteChildren();
     if (Parent != nullptr)
         Parent->RemoveChild(this);
     Absolve(this);
+    if (GetApplication() != nullptr)
+        GetApplication()->ForgetMainWindow(*this);
 }
 
 void TWindow::Init(TWindow* parent, const char* title, TModule* module) {
@@ -57,7 +61,12 @@ void TWindow::Init(HWND handle, TModule* module) {
         throw TXWindow("the window has an object already");
     Init(GetWindowPtr(::GetParent(handle)), nullptr, module);
     SetFlag(wfAlias);
+    EnableAutoCreate(false);
     Attach(handle);
+    Attr.Style = GetStyle();
+    Attr.ExStyle = GetExStyle();
+    if ((Attr.Style & WS_CHILD) != 0)
+        Attr.Id = ::GetDlgCtrlID(handle);
     m_title = GetWindowText();
 }
 
@@ -85,6 +94,10 @@ void TWindow::EnableAutoCreate(bool enable) {
 }
 
 void TWindow::SetParent(TWindow* parent) {
+    for (const TWindow* above = parent; above != nullptr; above = above->Parent) {
+        if (above == this)
+            throw TXWindow("a window cannot be its own parent");
+    }
     if (Parent != nullptr)
         Parent->RemoveChild(this);
     Parent = parent;
@@ -100,13 +113,21 @@ void TWindow::AddChild(TWindow* child) {
 
 void TWindow::RemoveChild(const TWindow* child) {
     std::erase(m_children, child);
+    ChildLeft(*child);
+}
+
+void TWindow::ChildLeft(const TWindow& child) {
+    static_cast<void>(child);
 }
 
 // From the last to the first, as members of a class end. A child that another one deletes is gone from the
-// list.
+// list. Each is taken out first: one that was told of another parent would not take itself out of this one.
 void TWindow::DeleteChildren() {
-    while (!m_children.empty())
-        delete m_children.back();
+    while (!m_children.empty()) {
+        TWindow* const child = m_children.back();
+        m_children.pop_back();
+        delete child;
+    }
 }
 
 TWindow* TWindow::ChildWithId(int id) const {
@@ -115,15 +136,12 @@ TWindow* TWindow::ChildWithId(int id) const {
     return found == m_children.end() ? nullptr : *found;
 }
 
-// A child's creation may add children or take some away.
 void TWindow::CreateChildren() {
-    const std::vector<TWindow*> children = m_children;
-    for (TWindow* child : children) {
-        const bool present = std::find(m_children.begin(), m_children.end(), child) != m_children.end();
-        if (present && !child->IsWindow() &&
-            (child->IsFlagSet(wfAutoCreate) || child->IsFlagSet(wfFromResource)))
-            child->Create();
-    }
+    EachChild(*this, [](TWindow& child) {
+        const bool wanted = child.IsFlagSet(wfAutoCreate) || child.IsFlagSet(wfFromResource);
+        if (wanted && !child.IsWindow())
+            child.Create();
+    });
 }
 
 void TWindow::Paint(TDC& dc, bool erase, TRect& rect) {
@@ -134,12 +152,10 @@ void TWindow::Paint(TDC& dc, bool erase, TRect& rect) {
 
 bool TWindow::IdleAction(long idleCount) {
     bool more = false;
-    const std::vector<TWindow*> children = m_children;
-    for (TWindow* child : children) {
-        const bool present = std::find(m_children.begin(), m_children.end(), child) != m_children.end();
-        if (present && child->IdleAction(idleCount))
+    EachChild(*this, [&](TWindow& child) {
+        if (child.IdleAction(idleCount))
             more = true;
-    }
+    });
     return more;
 }
 

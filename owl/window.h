@@ -77,7 +77,8 @@ public:
     /// or the application's.
     explicit TWindow(TWindow* parent, const char* title = nullptr, TModule* module = nullptr);
     /// Takes over the window `handle`, which exists and has no object yet: its messages come here first from
-    /// now on. Throws TXWindow if it is no window of this process or has an object.
+    /// now on, with wide text if it is a window of wide text. Throws TXWindow if it is no window of this
+    /// process or has an object.
     explicit TWindow(HWND handle, TModule* module = nullptr);
     ~TWindow() override;
 
@@ -104,7 +105,8 @@ public:
     /// The parent object, or null. To be changed by SetParent.
     TWindow* Parent = nullptr;
     /// Makes the object a child of `parent`, the last one; null takes it out of its parent. A window that
-    /// exists gets the parent's window as its own parent.
+    /// exists gets the parent's window as its own parent. Throws TXWindow if the object stands above
+    /// `parent`.
     virtual void SetParent(TWindow* parent);
     /// The child objects in the order in which they came.
     const std::vector<TWindow*>& GetChildren() const { return m_children; }
@@ -116,13 +118,15 @@ public:
 
     // Coming and going
 
-    /// Makes the window and calls SetupWindow. True; throws TXWindow with the system's reason, or what
-    /// SetupWindow threw, and then there is no window. A window that exists stays as it is.
+    /// Makes the window and calls SetupWindow, which may destroy it again. True; throws TXWindow with the
+    /// system's reason, or what SetupWindow threw, and then there is no window. A window that exists stays as
+    /// it is.
     virtual bool Create();
     /// Called when the window has just been made: here children get their contents. By itself it creates the
     /// children and sends the transfer buffer's data to them. What overrides it calls it first.
     virtual void SetupWindow();
-    /// Called before the window goes, however that comes.
+    /// Called before the window goes, however that comes; but not by the end of the object, whose class's
+    /// part is gone then.
     virtual void CleanupWindow();
     /// Whether it may be closed. By itself all children are asked.
     virtual bool CanClose();
@@ -132,7 +136,8 @@ public:
     virtual void Destroy(int retVal = 0);
     /// Runs a loop until EndModal or the end of the window; `parent` takes no input meanwhile. Returns what
     /// EndModal got; IDCANCEL if the window or the program ended first. What a handler throws comes out of
-    /// here; `parent` then takes input again.
+    /// here; `parent` then takes input again. Throws TXWindow if such a loop of the window runs already.
+    /// Requires: the object is not deleted meanwhile.
     int BeginModal(TWindow* parent, int flags = 0);
     void EndModal(int result);
     bool IsModal() const { return m_modal; }
@@ -172,7 +177,7 @@ public:
     // Transfer of data
 
     /// Where TransferData reads and writes; the caller keeps it. `size` is its length in bytes: TransferData
-    /// throws TXOwl rather than pass it. 0 promises that it is long enough.
+    /// throws TXOwl rather than pass it, and nothing is moved then. 0 promises that it is long enough.
     void SetTransferBuffer(void* buffer, unsigned size = 0);
     void EnableTransfer(bool enable = true);
     void DisableTransfer() { EnableTransfer(false); }
@@ -182,7 +187,8 @@ public:
     /// without gaps. Without a buffer nothing happens.
     virtual void TransferData(TTransferDirection direction);
 
-    // What the window shows and how
+    // What the window shows and how. Without a window these do nothing and answer false, null, 0 or what is
+    // empty.
 
     /// Called to paint the client area. `erase` tells whether the background needs to be erased still, `rect`
     /// what is to be painted. By itself nothing.
@@ -196,13 +202,11 @@ public:
     const std::string& GetCaption() const { return m_title; }
     bool ShowWindow(int how);
     void UpdateWindow();
-    /// Null is the whole client area.
     void InvalidateRect(const TRect& rect, bool erase = true);
     void Invalidate(bool erase = true);
     void InvalidateRgn(HRGN region, bool erase = true);
     bool GetUpdateRgn(HRGN region, bool erase = true) const;
     bool RedrawWindow(const TRect* rect, HRGN region, UINT flags);
-    /// Null rectangles without a window, as all that ask for places.
     TRect GetClientRect() const;
     void GetClientRect(TRect& rect) const { rect = GetClientRect(); }
     TRect GetWindowRect() const;
@@ -217,9 +221,11 @@ public:
     bool IsWindowEnabled() const;
     bool IsIconic() const;
     bool IsZoomed() const;
+    /// Whether it was disabled before.
     bool EnableWindow(bool enable);
     bool IsChild(HWND window) const;
     DWORD GetStyle() const;
+    /// These return the former style.
     DWORD SetStyle(DWORD style);
     DWORD GetExStyle() const;
     DWORD SetExStyle(DWORD style);
@@ -228,7 +234,8 @@ public:
     void SetWindowFont(HFONT font, bool redraw);
     /// The neighbours of the window; null if there is none.
     HWND GetWindow(UINT which) const;
-    HWND GetDlgItem(int id) const;
+    /// The window among the children that has this id; null if there is none.
+    virtual HWND GetDlgItem(int id) const;
     HWND GetNextDlgTabItem(HWND control, bool previous = false) const;
 
     // Focus, mouse, timers
@@ -265,7 +272,7 @@ public:
     TWindowAttr Attr;
 
     // What answers messages unless a class says otherwise. Each does what DefaultProcessing does, with the
-    // message that is being handled, whatever the arguments are.
+    // message that is being handled, whatever the arguments are; EvCtlColor goes by its arguments.
 
     void EvActivate(UINT active, bool minimised, HWND other);
     void EvChar(UINT key, UINT repeat, UINT flags);
@@ -330,12 +337,31 @@ protected:
     void Attach(HWND handle);
     /// Answers a message for a window procedure: nothing is thrown, but carried to the next loop.
     LRESULT ReceiveMessage(UINT msg, WPARAM wParam, LPARAM lParam) noexcept;
+    /// Called when a handler of the window or of a child in it has thrown, and the exception is on its way to
+    /// the next loop of the framework: for windows that another loop runs. Must not throw. By itself nothing.
+    virtual void ExceptionCarried();
     /// Answers WM_PAINT by Paint.
     void PaintByObject();
+    /// For what makes the window and runs it in one go: from now on EndModal counts, also before BeginModal.
+    /// Throws TXWindow if a loop of the window runs already.
+    void ExpectModal();
+    /// What EndModal got last; IDCANCEL if nothing since ExpectModal or BeginModal.
+    int GetModalResult() const { return m_modalResult; }
     /// Calls SetupWindow; if that throws, the window goes.
     void FinishCreation();
+    /// For a window that was not created with the caption of the object: gives it the object's, or, if that
+    /// is empty, the object the window's.
+    void AgreeOnCaption();
+    /// Asks CanClose, of a main window the application's; false as well if the window went meanwhile: then
+    /// the object may be gone too.
+    bool MayClose();
     /// What the menu argument of a window's creation is: a child's id, or the menu of Attr, loaded.
     HMENU MenuOrId() const;
+    /// The module of GetModule, or the program if there is none.
+    HINSTANCE GetInstance() const;
+    /// Called when `child` is no child of this one any more. It may be about to end: of such a one only the
+    /// address is of use. By itself nothing. Not called for the children that end with this object.
+    virtual void ChildLeft(const TWindow& child);
 
 private:
     friend struct WindowProcedures;
@@ -347,6 +373,7 @@ private:
     void Detach();
     void AfterDestruction();
     bool IsMainWindow() const;
+    void TellOfException();
     LRESULT AnswerMessage(const TEvent& event, UINT lookUp);
     LRESULT AnswerScrollBar(const TEvent& event);
     bool TakeFromResource();
@@ -354,15 +381,15 @@ private:
 
     HWND m_handle = nullptr;
     WNDPROC m_classProcedure = nullptr;
-    bool m_classIsOurs = false;
+    bool m_classIsWide = false;
     TModule* m_module = nullptr;
     std::string m_title;
     std::vector<TWindow*> m_children;
     unsigned m_flags = 0;
     bool m_modal = false;
+    bool m_modalLoop = false;
     bool m_modalDone = false;
     int m_modalResult = 0;
-    TWindow* m_modalParent = nullptr;
     HWND m_disabled = nullptr;
     void* m_transferBuffer = nullptr;
     unsigned m_transferSize = 0;

@@ -1,16 +1,13 @@
 // The system's calls about a window, for window objects. Without a window they do nothing and answer false,
-// null or 0.
-#include <vector>
-
+// null or 0: where the system would take a null handle for the screen or the thread, it is not asked.
 #include "owl/application.h"
 #include "owl/window.h"
+#include "owl/window_text.h"
 
 namespace owl {
 
 std::string TWindow::GetWindowText() const {
-    std::vector<char> text(static_cast<std::size_t>(GetWindowTextLength()) + 1);
-    const int length = GetWindowText(text.data(), static_cast<int>(text.size()));
-    return std::string(text.data(), static_cast<std::size_t>(length));
+    return TextOfWindow(m_handle);
 }
 
 int TWindow::GetWindowText(char* text, int size) const {
@@ -35,7 +32,8 @@ bool TWindow::ShowWindow(int how) {
 }
 
 void TWindow::UpdateWindow() {
-    ::UpdateWindow(m_handle);
+    if (m_handle != nullptr)
+        ::UpdateWindow(m_handle);
 }
 
 // A null handle would mean all windows of the screen.
@@ -202,11 +200,11 @@ bool TWindow::SetCursor(TModule* module, TResId id) {
 }
 
 UINT TWindow::SetTimer(UINT id, UINT milliseconds) {
-    return static_cast<UINT>(::SetTimer(m_handle, id, milliseconds, nullptr));
+    return m_handle == nullptr ? 0 : static_cast<UINT>(::SetTimer(m_handle, id, milliseconds, nullptr));
 }
 
 bool TWindow::KillTimer(UINT id) {
-    return ::KillTimer(m_handle, id) != 0;
+    return m_handle != nullptr && ::KillTimer(m_handle, id);
 }
 
 int TWindow::MessageBox(const char* text, const char* caption, UINT type) {

@@ -1,6 +1,6 @@
 // Commands, notifications of controls, and the question whether a command is enabled.
-#include "owl/application.h"
 #include "owl/command_enabler.h"
+#include "owl/key_message.h"
 #include "owl/window.h"
 #include "owl/window_table.h"
 
@@ -28,15 +28,11 @@ bool TakenByParent(TWindow& parent, const TEvent& event, LRESULT& answer) {
     return true;
 }
 
-bool IsKey(UINT msg) {
-    return msg >= WM_KEYFIRST && msg <= WM_KEYLAST;
-}
-
 }  // namespace
 
 LRESULT TWindow::EvCommand(UINT id, HWND control, UINT notifyCode) {
-    const TEvent event{WM_COMMAND, static_cast<WPARAM>(MAKELONG(id, notifyCode)),
-                       reinterpret_cast<LPARAM>(control), id, notifyCode};
+    const TEvent event{WM_COMMAND, MAKEWPARAM(id, notifyCode), reinterpret_cast<LPARAM>(control), id,
+                       notifyCode};
     LRESULT answer = 0;
     if (control != nullptr && (TakenByControl(control, event, answer) || TakenByParent(*this, event, answer)))
         return answer;
@@ -88,13 +84,13 @@ void TWindow::AskWhetherEnabled(TCommandEnabler& enabler) {
 }
 
 HACCEL TWindow::Accelerators() {
-    if (m_accelerators == nullptr && !Attr.AccelTable.IsNull() && GetModule() != nullptr)
-        m_accelerators = GetModule()->LoadAccelerators(Attr.AccelTable);
+    if (m_accelerators == nullptr && !Attr.AccelTable.IsNull())
+        m_accelerators = ::LoadAcceleratorsA(GetInstance(), Attr.AccelTable);
     return m_accelerators;
 }
 
 bool TWindow::PreProcessMsg(MSG& msg) {
-    if (!IsKey(msg.message) || Accelerators() == nullptr)
+    if (!IsKeyMessage(msg.message) || Accelerators() == nullptr)
         return false;
     return ::TranslateAcceleratorA(m_handle, m_accelerators, &msg) != 0;
 }

@@ -1,6 +1,8 @@
 // How a window object gets its window and loses it.
 #include "owl/application.h"
 #include "owl/carried_exception.h"
+#include "owl/child_walk.h"
+#include "owl/class_procedure.h"
 #include "owl/condemned.h"
 #include "owl/error.h"
 #include "owl/last_error.h"
@@ -10,14 +12,10 @@
 
 namespace owl {
 
-namespace {
-
-HINSTANCE InstanceOf(const TWindow& window) {
-    const TModule* const module = window.GetModule();
+HINSTANCE TWindow::GetInstance() const {
+    const TModule* const module = GetModule();
     return module != nullptr ? module->GetInstance() : ::GetModuleHandleA(nullptr);
 }
-
-}  // namespace
 
 bool TWindow::Create() {
     if (m_handle != nullptr)
@@ -33,7 +31,7 @@ bool TWindow::Create() {
 bool TWindow::TakeFromResource() {
     if (!IsFlagSet(wfFromResource))
         return false;
-    const HWND control = Parent != nullptr ? ::GetDlgItem(Parent->GetHandle(), Attr.Id) : nullptr;
+    const HWND control = Parent != nullptr ? Parent->GetDlgItem(Attr.Id) : nullptr;
     if (control == nullptr)
         throw TXWindow("the dialog has no control " + std::to_string(Attr.Id));
     Attach(control);
@@ -41,7 +39,17 @@ bool TWindow::TakeFromResource() {
     return true;
 }
 
+// The window's own is left alone: it may have letters that narrow text lacks.
+void TWindow::AgreeOnCaption() {
+    const std::string present = GetWindowText();
+    if (m_title.empty())
+        m_title = present;
+    else if (m_title != present)
+        SetWindowText(m_title);
+}
+
 void TWindow::FinishCreation() {
+    const FunctionScope function;
     try {
         ThrowCarriedException();
         SetupWindow();
@@ -67,7 +75,7 @@ void TWindow::GetWindowClass(WNDCLASSA& windowClass) {
     windowClass = {};
     windowClass.style = CS_DBLCLKS;
     windowClass.lpfnWndProc = &WindowProcedures::OfObjects;
-    windowClass.hInstance = InstanceOf(*this);
+    windowClass.hInstance = GetInstance();
     windowClass.hCursor = ::LoadCursorA(nullptr, reinterpret_cast<const char*>(IDC_ARROW));
     windowClass.hbrBackground = reinterpret_cast<HBRUSH>(static_cast<ULONG_PTR>(COLOR_WINDOW + 1));
     windowClass.lpszClassName = GetClassName();
@@ -75,7 +83,7 @@ void TWindow::GetWindowClass(WNDCLASSA& windowClass) {
 
 void TWindow::RegisterClass() {
     WNDCLASSA existing{};
-    if (::GetClassInfoA(InstanceOf(*this), GetClassName(), &existing))
+    if (::GetClassInfoA(GetInstance(), GetClassName(), &existing))
         return;
     WNDCLASSA windowClass{};
     GetWindowClass(windowClass);
@@ -85,9 +93,9 @@ void TWindow::RegisterClass() {
 HMENU TWindow::MenuOrId() const {
     if ((Attr.Style & WS_CHILD) != 0)
         return reinterpret_cast<HMENU>(static_cast<LONG_PTR>(Attr.Id));
-    if (Attr.Menu.IsNull() || GetModule() == nullptr)
+    if (Attr.Menu.IsNull())
         return nullptr;
-    return GetModule()->LoadMenu(Attr.Menu);
+    return Require<TXWindow>("LoadMenu", [this] { return ::LoadMenuA(GetInstance(), Attr.Menu); });
 }
 
 void TWindow::PerformCreate() {
@@ -95,9 +103,8 @@ void TWindow::PerformCreate() {
     const HWND parent = Parent != nullptr ? Parent->GetHandle() : nullptr;
     const CreationScope scope(*this);
     ::SetLastError(0);
-    const HWND handle =
-        ::CreateWindowExA(Attr.ExStyle, GetClassName(), m_title.c_str(), Attr.Style, Attr.X, Attr.Y, Attr.W,
-                          Attr.H, parent, menu, InstanceOf(*this), Attr.Param);
+    const HWND handle = ::CreateWindowExA(Attr.ExStyle, GetClassName(), m_title.c_str(), Attr.Style, Attr.X,
+                                          Attr.Y, Attr.W, Attr.H, parent, menu, GetInstance(), Attr.Param);
     if (handle == nullptr) {
         const DWORD reason = ::GetLastError();
         if (menu != nullptr && (Attr.Style & WS_CHILD) == 0)
@@ -109,34 +116,26 @@ void TWindow::PerformCreate() {
         Attach(handle);
 }
 
-// A window of a class of ours comes through our procedure already.
+// An object whose window comes again does not end with the former one.
 void TWindow::Attach(HWND handle) {
+    Absolve(this);
     m_handle = handle;
     RememberWindow(handle, this);
-    const auto procedure = reinterpret_cast<WNDPROC>(::GetWindowLongPtrA(handle, GWLP_WNDPROC));
-    if (procedure == &WindowProcedures::OfObjects)
-        return;
-    m_classProcedure = procedure;
-    WindowProcedures::KeepClassProcedure(handle, procedure);
-    ::SetWindowLongPtrA(handle, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&WindowProcedures::OfObjects));
+    const ClassProcedure aside = PutInFront(handle, &WindowProcedures::OfObjects);
+    m_classProcedure = aside.procedure;
+    m_classIsWide = aside.isWide;
 }
 
-// Who put a procedure on top of ours keeps calling it: it then hands on to the class's.
 void TWindow::Detach() {
     const HWND handle = m_handle;
     m_handle = nullptr;
-    ForgetWindow(handle, this);
-    const auto procedure = reinterpret_cast<WNDPROC>(::GetWindowLongPtrA(handle, GWLP_WNDPROC));
-    if (m_classProcedure != nullptr && procedure == &WindowProcedures::OfObjects) {
-        ::SetWindowLongPtrA(handle, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(m_classProcedure));
-        WindowProcedures::DropClassProcedure(handle);
-    }
     m_classProcedure = nullptr;
+    ForgetWindow(handle, this);
+    GiveBack(handle, &WindowProcedures::OfObjects);
 }
 
 void TWindow::AfterDestruction() {
-    if (m_classProcedure != nullptr)
-        WindowProcedures::DropClassProcedure(m_handle);
+    ForgetPutAside(m_handle);
     ForgetWindow(m_handle, this);
     m_handle = nullptr;
     m_classProcedure = nullptr;
@@ -149,15 +148,18 @@ bool TWindow::IsMainWindow() const {
 }
 
 bool TWindow::CanClose() {
-    for (TWindow* child : std::vector<TWindow*>(m_children)) {
-        if (child->IsWindow() && !child->CanClose())
-            return false;
-    }
-    return true;
+    return !AnyChild(*this, [](TWindow& child) { return child.IsWindow() && !child.CanClose(); });
+}
+
+// Who is asked may end the window, and its object with it.
+bool TWindow::MayClose() {
+    const HWND handle = m_handle;
+    const bool agrees = IsMainWindow() ? GetApplication()->CanClose() : CanClose();
+    return agrees && handle != nullptr && FindWindowObject(handle) == this;
 }
 
 void TWindow::CloseWindow(int retVal) {
-    if (IsMainWindow() ? GetApplication()->CanClose() : CanClose())
+    if (MayClose())
         Destroy(retVal);
 }
 

@@ -1,4 +1,5 @@
 // What a window does with a message that its class has no function for.
+#include "owl/child_walk.h"
 #include "owl/window.h"
 
 namespace owl {
@@ -23,8 +24,12 @@ int TWindow::EvCreate(CREATESTRUCTA&) {
     return static_cast<int>(DefaultProcessing());
 }
 
-HBRUSH TWindow::EvCtlColor(HDC, HWND, UINT) {
-    return reinterpret_cast<HBRUSH>(DefaultProcessing());
+// A page hands the question on to its dialog, which is handling no message of that kind itself.
+HBRUSH TWindow::EvCtlColor(HDC dc, HWND child, UINT type) {
+    if (m_handle == nullptr)
+        return nullptr;
+    return reinterpret_cast<HBRUSH>(DefWindowProc(WM_CTLCOLORMSGBOX + type, reinterpret_cast<WPARAM>(dc),
+                                                  reinterpret_cast<LPARAM>(child)));
 }
 
 void TWindow::EvDestroy() {
@@ -144,11 +149,13 @@ void TWindow::EvSize(UINT, const TSize&) {
 
 // The system tells top-level windows alone.
 void TWindow::EvSysColorChange() {
-    for (TWindow* child : std::vector<TWindow*>(m_children)) {
-        if (child->IsWindow())
-            child->HandleMessage(WM_SYSCOLORCHANGE);
-    }
-    DefaultProcessing();
+    const HWND handle = m_handle;
+    EachChild(*this, [](TWindow& child) {
+        if (child.IsWindow())
+            child.HandleMessage(WM_SYSCOLORCHANGE);
+    });
+    if (FindWindowObject(handle) == this)
+        DefaultProcessing();
 }
 
 void TWindow::EvSysCommand(UINT, const TPoint&) {

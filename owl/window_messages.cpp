@@ -1,6 +1,8 @@
 // The way of a message from the system to the function that answers it.
 #include "owl/carried_exception.h"
+#include "owl/class_procedure.h"
 #include "owl/command_enabler.h"
+#include "owl/condemned.h"
 #include "owl/window.h"
 #include "owl/window_procedures.h"
 #include "owl/window_table.h"
@@ -8,8 +10,6 @@
 namespace owl {
 
 namespace {
-
-constexpr const char* class_procedure_property = "owl.class_procedure";
 
 thread_local TWindow* under_creation = nullptr;
 
@@ -35,11 +35,6 @@ struct MessageScope {
 
 thread_local MessageScope* MessageScope::innermost = nullptr;
 
-// The question holds an address of this process: it is not taken from elsewhere.
-bool IsForeignQuestion(UINT msg) {
-    return msg == WM_COMMAND_ENABLE && ::InSendMessageEx(nullptr) != ISMEX_NOSEND;
-}
-
 UINT LookUpOf(UINT msg) {
     return msg >= WM_CTLCOLORMSGBOX && msg <= WM_CTLCOLORSTATIC ? WM_CTLCOLOR : msg;
 }
@@ -63,25 +58,18 @@ TWindow* CreationScope::Take() {
 LRESULT CALLBACK WindowProcedures::OfObjects(HWND handle, UINT msg, WPARAM wParam, LPARAM lParam) {
     TWindow* window = FindWindowObject(handle);
     if (window == nullptr) {
-        const auto procedure = reinterpret_cast<WNDPROC>(::GetPropA(handle, class_procedure_property));
-        if (procedure != nullptr)
-            return ::CallWindowProcA(procedure, handle, msg, wParam, lParam);
+        const ClassProcedure aside = PutAside(handle);
+        if (!aside.IsNone())
+            return aside.Call(handle, msg, wParam, lParam);
         window = CreationScope::Take();
         if (window == nullptr)
             return ::DefWindowProcA(handle, msg, wParam, lParam);
         window->Attach(handle);
     }
-    if (IsForeignQuestion(msg))
+    // It holds the address of an object, which only HandleMessage vouches for.
+    if (msg == WM_COMMAND_ENABLE)
         return 0;
     return window->ReceiveMessage(msg, wParam, lParam);
-}
-
-void WindowProcedures::KeepClassProcedure(HWND handle, WNDPROC procedure) {
-    ::SetPropA(handle, class_procedure_property, reinterpret_cast<HANDLE>(procedure));
-}
-
-void WindowProcedures::DropClassProcedure(HWND handle) {
-    ::RemovePropA(handle, class_procedure_property);
 }
 
 LRESULT TWindow::ReceiveMessage(UINT msg, WPARAM wParam, LPARAM lParam) noexcept {
@@ -91,13 +79,25 @@ LRESULT TWindow::ReceiveMessage(UINT msg, WPARAM wParam, LPARAM lParam) noexcept
         answer = HandleMessage(msg, wParam, lParam);
     } catch (...) {
         CarryException();
+        if (FindWindowObject(handle) == this)
+            TellOfException();
     }
     if (msg == WM_NCDESTROY && FindWindowObject(handle) == this)
         AfterDestruction();
     return answer;
 }
 
+void TWindow::TellOfException() {
+    TWindow* outermost = this;
+    while (outermost->Parent != nullptr && (outermost->GetStyle() & WS_CHILD) != 0)
+        outermost = outermost->Parent;
+    outermost->ExceptionCarried();
+}
+
+void TWindow::ExceptionCarried() {}
+
 LRESULT TWindow::HandleMessage(UINT msg, WPARAM wParam, LPARAM lParam) {
+    const FunctionScope function;
     const MessageScope scope(this, msg, wParam, lParam);
     return WindowProc(msg, wParam, lParam);
 }
@@ -111,7 +111,7 @@ LRESULT TWindow::DefaultProcessing() {
 
 LRESULT TWindow::DefWindowProc(UINT msg, WPARAM wParam, LPARAM lParam) {
     if (m_classProcedure != nullptr)
-        return ::CallWindowProcA(m_classProcedure, m_handle, msg, wParam, lParam);
+        return ClassProcedure{m_classProcedure, m_classIsWide}.Call(m_handle, msg, wParam, lParam);
     return ::DefWindowProcA(m_handle, msg, wParam, lParam);
 }
 
@@ -130,9 +130,9 @@ LRESULT TWindow::WindowProc(UINT msg, WPARAM wParam, LPARAM lParam) {
         case WM_VSCROLL:
             return AnswerScrollBar(event);
         case WM_DESTROY:
-            CleanupWindow();
             if (IsMainWindow())
                 ::PostQuitMessage(0);
+            CleanupWindow();
             break;
         default:
             break;
@@ -156,7 +156,7 @@ bool TWindow::PostMessage(UINT msg, WPARAM wParam, LPARAM lParam) const {
 }
 
 LRESULT TWindow::SendDlgItemMessage(int id, UINT msg, WPARAM wParam, LPARAM lParam) const {
-    return ::SendDlgItemMessageA(m_handle, id, msg, wParam, lParam);
+    return ::SendMessageA(GetDlgItem(id), msg, wParam, lParam);
 }
 
 }  // namespace owl

@@ -1,5 +1,6 @@
 // Running a window by a loop of its own.
 #include "owl/application.h"
+#include "owl/error.h"
 #include "owl/window.h"
 
 namespace owl {
@@ -14,17 +15,27 @@ HWND RootOf(const TWindow* window) {
 
 }  // namespace
 
+void TWindow::ExpectModal() {
+    if (m_modalLoop)
+        throw TXWindow("the window runs a loop already");
+    m_modal = true;
+    m_modalDone = false;
+    m_modalResult = IDCANCEL;
+}
+
 int TWindow::BeginModal(TWindow* parent, int flags) {
     static_cast<void>(flags);
+    ExpectModal();
     const HWND root = RootOf(parent);
     m_disabled = root != nullptr && root != m_handle && ::IsWindowEnabled(root) ? root : nullptr;
     if (m_disabled != nullptr)
         ::EnableWindow(m_disabled, FALSE);
-    m_modal = true;
-    m_modalDone = false;
-    m_modalResult = IDCANCEL;
+    m_modalLoop = true;
     struct Ending {
-        ~Ending() { window.EndModal(window.m_modalResult); }
+        ~Ending() {
+            window.EndModal(window.m_modalResult);
+            window.m_modalLoop = false;
+        }
         TWindow& window;
     } const ending{*this};
     const auto done = [this] { return m_modalDone || m_handle == nullptr; };

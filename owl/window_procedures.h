@@ -13,10 +13,6 @@ struct WindowProcedures {
     /// Hands a message to the window's object. A window without one, and with none under creation, is
     /// answered by what its class would do.
     static LRESULT CALLBACK OfObjects(HWND handle, UINT msg, WPARAM wParam, LPARAM lParam);
-
-    /// Keeps with the window itself what its class would have called.
-    static void KeepClassProcedure(HWND handle, WNDPROC procedure);
-    static void DropClassProcedure(HWND handle);
 };
 
 /// While it lives, the first message of a window that has no object belongs to `window`.

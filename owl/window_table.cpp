@@ -42,12 +42,12 @@ TWindow* FindWindowObject(HWND handle) {
     return found == Table().windows.end() ? nullptr : found->second;
 }
 
-std::vector<TWindow*> WindowsOfThisThread() {
+std::vector<HWND> WindowsOfThisThread() {
     const std::lock_guard lock(Table().mutex);
-    std::vector<TWindow*> windows;
+    std::vector<HWND> windows;
     for (const auto& [handle, window] : Table().windows) {
         if (IsOfThisThread(handle))
-            windows.push_back(window);
+            windows.push_back(handle);
     }
     return windows;
 }

@@ -21,7 +21,8 @@ void ForgetWindow(HWND handle, const TWindow* window);
 /// The object behind `handle`, or null.
 TWindow* FindWindowObject(HWND handle);
 
-/// The objects of the calling thread's windows, in no order.
-std::vector<TWindow*> WindowsOfThisThread();
+/// The calling thread's windows that have objects, in no order. Who does something with one asks for its
+/// object then: it may be gone.
+std::vector<HWND> WindowsOfThisThread();
 
 }  // namespace owl

@@ -2,7 +2,8 @@
 //
 // The library's one raster image in memory: a device-independent bitmap as a single packed block of global
 // memory, header, colour table and pixels, in the form that the clipboard and the system's drawing calls use.
-// It comes from a file, from a block, from another image or out of a store (docs/bitmaps.md has every byte).
+// It comes from a file, from a block, from another image or out of a store (docs/bitmaps.md has every byte),
+// and can be turned and skewed into a new image (docs/skew.md).
 //
 //     LVXUtilities::DIBitmap photo("photo.jpg", LVXUtilities::DIBitmap::AnyFormat);
 //     const auto pixels = photo.GetBitsAddress();  // blue, green, red; the bottom row first
@@ -18,9 +19,11 @@
 #include <string>
 
 #include "lvx/images/global_locker.h"
+#include "lvx/images/rectangles.h"
 #include "lvx/platform/bitmap_headers.h"
 #include "lvx/platform/export.h"
 #include "lvx/store/storable.h"
+#include "lvx/text/ownership.h"
 #include "owl/geometry.h"
 
 namespace LVXUtilities {
@@ -119,6 +122,20 @@ public:
     /// Bytes per row, a multiple of 4. Reads the block as one with a header of 40 bytes or more, always: for
     /// a core header the result means nothing. Arithmetic is in 32 bits, with a sign, and wraps.
     int GetStorageWidth() const;
+
+    /// The picture with one corner dragged by `dx` and `dy` pixels, y counting the block's rows from its
+    /// first one, which in most pictures is seen below; the other corners stay. 32 bits per pixel, each mixed
+    /// of four samples that are taken as they lie in the block: colours come out right from 24 and 32 bits,
+    /// not from a colour table. It is as large as the old picture, and larger by what the corner was dragged
+    /// out; there 0x00FFFFFF is seen. Throws std::runtime_error: "Invalid corner"; "Divide by zero (1)" or
+    /// "Divide by zero (2)" if the corner comes to lie across or above the next one, and for a picture
+    /// without pixels; "Not a valid bitmap" if the block claims far more than it holds. Throws
+    /// std::bad_alloc, also if the result would be of 2 GiB or more.
+    lvx::auto_ptr<DIBitmap> SkewPoint(Rectangles::Corner corner, int dx, int dy) const;
+
+    /// From now on 0x00FFFF80 is seen in skewed pictures where the old ones are not, in the whole process:
+    /// for looking at where that is. There is no way back.
+    static void DebugSkew();
 
     /// While true, GetFrom makes the block 24 bytes longer than what is stored, with zeros. False at start;
     /// only the host sets it.

@@ -22,9 +22,13 @@ namespace owl {
 class TWindow;
 }
 
-/// Shows the text in an error box and waits for the user. With a null `window` the box has no owner and the
-/// caption "Error"; otherwise it belongs to `window`, bears the name of its application's module, and the
-/// foreground window of before returns to the front when it closes. Stands in the Windows library only.
+/// Shows the text in an error box and waits for the user, on the thread of the main window. With a null
+/// `window` the box has no owner and the caption "Error". Otherwise the main window comes to the front, the
+/// box belongs to `window` and bears the name of its application's module, and when it closes, the foreground
+/// window of before returns to the front if it is still there. A window that was not created owns no box; an
+/// application without a main window brings none to the front; without an application the caption is "Error".
+/// The text is cut behind 4095 bytes. What ends while the box is open, `window` among it, is not touched any
+/// more. Requires: a format. Stands in the Windows library only.
 LVX_EXPORT void report_error(owl::TWindow* window, const char* format, ...) LVX_PRINTF_FORMAT(2, 3);
 
 /// Appends the text, as it is, to the file "LOGFILE.LOG" in the current directory of the moment, and closes
@@ -34,7 +38,8 @@ LVX_EXPORT void report_error(owl::TWindow* window, const char* format, ...) LVX_
 LVX_EXPORT void write_log(const char* format, ...) LVX_PRINTF_FORMAT(1, 2);
 
 /// Shows the text, below a line "FATAL ERROR!", as report_error() does without a window, and ends the process
-/// through abort(). Stands in the Windows library only.
+/// through abort(). Asks for no memory of its own: that may be what ran out. Requires: a format. Stands in
+/// the Windows library only.
 [[noreturn]] LVX_EXPORT void fatal_error(const char* format, ...) LVX_PRINTF_FORMAT(1, 2);
 
 #undef LVX_PRINTF_FORMAT

@@ -6,10 +6,12 @@ packages_build=(ca-certificates ccache cmake g++ make ninja-build python3 util-l
 packages_linux=("${packages_build[@]}" libgmock-dev libgsf-1-dev libgtest-dev libjpeg-dev libpng-dev
     libre2-dev pkg-config)
 # The development packages tell which versions the Windows libraries are made from.
-packages_windows=("${packages_build[@]}" dpkg-dev fonts-liberation fonts-wine googletest libjpeg-dev libre2-dev
-    nasm openbox unicode-data wine wine64 xauth xvfb)
+# Ghostscript renders what the tests print.
+packages_windows=("${packages_build[@]}" dpkg-dev fonts-liberation fonts-wine ghostscript googletest libjpeg-dev
+    libre2-dev nasm openbox unicode-data wine wine64 xauth xvfb)
 packages_windows_x64=("${packages_windows[@]}" g++-mingw-w64-x86-64-posix)
 packages_windows_x86=("${packages_windows[@]}" debootstrap g++-mingw-w64-i686-posix)
+packages_gallery=("${packages_windows_x64[@]}" imagemagick)
 packages_gates=("${packages_linux[@]}" clang-format-14 clang-tidy-14 git shellcheck)
 packages_bench=("${packages_linux[@]}" flex libbenchmark-dev libboost-serialization-dev libcereal-dev libglib2.0-dev
     libpcre2-dev libsdl2-dev libsimpleini-dev libstb-dev)

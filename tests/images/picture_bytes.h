@@ -115,3 +115,4 @@ std::string thrown_words(Action&& action) {
 
 // In hexadecimal, so that a difference can be found.
 #define EXPECT_BYTES(expected, actual) EXPECT_EQ(lvx_test::hex(expected), lvx_test::hex(actual))
+#define ASSERT_BYTES(expected, actual) ASSERT_EQ(lvx_test::hex(expected), lvx_test::hex(actual))

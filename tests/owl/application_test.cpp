@@ -138,4 +138,50 @@ TEST(Application, ends_its_main_window_with_itself) {
     EXPECT_TRUE(owl::TMsgThread().PumpWaitingMessages());
 }
 
+TEST(Application, keeps_a_main_window_that_it_is_given_again) {
+    Program program;
+    program.InitInstance();
+    program.SetMainWindow(program.main);
+    EXPECT_EQ(program.main, program.GetMainWindow());
+    EXPECT_TRUE(program.main->IsWindow());
+}
+
+TEST(Application, forgets_a_main_window_that_somebody_deletes) {
+    Program program;
+    program.InitInstance();
+    delete program.main;
+    EXPECT_EQ(nullptr, program.GetMainWindow());
+    EXPECT_FALSE(program.PumpWaitingMessages());
+    EXPECT_EQ(0, program.MessageLoop());
+}
+
+TEST(Application, ends_with_its_main_window_though_the_cleaning_up_throws) {
+    class Unclean : public owl::TFrameWindow {
+    public:
+        Unclean() : TFrameWindow(nullptr, "unclean") {}
+        void CleanupWindow() override { throw std::domain_error("cleanup"); }
+    };
+    TApplication program("program");
+    program.SetMainWindow(new Unclean);
+    program.InitInstance();
+    program.GetMainWindow()->PostMessage(WM_CLOSE);
+    EXPECT_THROW(program.MessageLoop(), std::domain_error);
+    EXPECT_FALSE(program.PumpWaitingMessages());
+    EXPECT_EQ(0, program.MessageLoop());
+}
+
+TEST(Application, ends_at_once_if_the_main_window_is_gone_when_it_is_set_up) {
+    class Shy : public owl::TFrameWindow {
+    public:
+        Shy() : TFrameWindow(nullptr, "shy") {}
+        void SetupWindow() override {
+            TFrameWindow::SetupWindow();
+            Destroy();
+        }
+    };
+    TApplication program("program");
+    program.SetMainWindow(new Shy);
+    EXPECT_EQ(0, program.Run());
+}
+
 }  // namespace

@@ -95,4 +95,16 @@ TEST_F(ComboBox, without_a_field_selects_by_the_keyboard) {
     EXPECT_EQ("apple", list->GetWindowText());
 }
 
+TEST_F(ComboBox, transfers_the_item_that_is_meant_and_not_one_that_begins_like_it) {
+    owl::TComboBox* list = Make(6, CBS_DROPDOWNLIST);
+    owl::TListBoxData data{{"pearl", "pear"}, -1, "pear"};
+    owl::TListBoxData* address = &data;
+    list->Transfer(&address, owl::tdSetData);
+    EXPECT_EQ("pear", list->GetWindowText());
+    data = {{"pearl"}, -1, "pear"};
+    combo->Transfer(&address, owl::tdSetData);
+    EXPECT_EQ("pear", combo->GetWindowText());
+    EXPECT_EQ(-1, combo->GetSelIndex());
+}
+
 }  // namespace

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <cstring>
+
 namespace {
 
 class Enabler : public owl::TCommandEnabler {
@@ -44,6 +47,18 @@ TEST(CommandEnabler, has_one_receiver) {
 
 TEST(CommandEnabler, has_no_receiver_unless_told) {
     EXPECT_FALSE(Enabler(1).IsReceiver(nullptr));
+}
+
+// Who calls through the table of virtual functions finds them by their places.
+TEST(CommandEnabler, has_its_functions_in_the_order_of_its_interface) {
+    const auto place = [](auto function) {
+        std::intptr_t word = 0;
+        std::memcpy(&word, &function, sizeof(word));
+        return (word - 1) / static_cast<std::intptr_t>(sizeof(void*));
+    };
+    EXPECT_EQ(0, place(&owl::TCommandEnabler::Enable));
+    EXPECT_EQ(1, place(&owl::TCommandEnabler::SetText));
+    EXPECT_EQ(2, place(&owl::TCommandEnabler::SetCheck));
 }
 
 }  // namespace

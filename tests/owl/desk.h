@@ -3,12 +3,10 @@
 
 #include <windows.h>
 
-#include <initializer_list>
-#include <vector>
-
 #include "owl/application.h"
 #include "owl/frame_window.h"
 #include "owl/window.h"
+#include "support/user.h"
 
 namespace desk {
 
@@ -74,22 +72,7 @@ inline bool Activate(const owl::TWindow& window) {
     return false;
 }
 
-/// Presses the keys in their order and lets them go in the opposite one, as a hand does.
-inline void Press(std::initializer_list<WORD> keys) {
-    std::vector<INPUT> inputs;
-    for (const WORD key : keys) {
-        INPUT input{};
-        input.type = INPUT_KEYBOARD;
-        input.ki.wVk = key;
-        inputs.push_back(input);
-    }
-    for (std::size_t i = keys.size(); i-- > 0;) {
-        INPUT input = inputs[i];
-        input.ki.dwFlags = KEYEVENTF_KEYUP;
-        inputs.push_back(input);
-    }
-    ::SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
-}
+using user::Press;
 
 /// A frame that exists, with the application that it needs.
 struct Desk {

@@ -28,6 +28,8 @@ public:
         ++setups;
         if (throws)
             throw std::length_error("setup");
+        if (inSetup)
+            inSetup();
         if (action)
             PostMessage(WM_APP + 1);
     }
@@ -36,14 +38,9 @@ public:
         action();
         return 0;
     }
-    bool IdleAction(long idleCount) override {
-        ++idles;
-        return TDialog::IdleAction(idleCount);
-    }
-
     std::function<void()> action;
+    std::function<void()> inSetup;
     int setups = 0;
-    int idles = 0;
     bool throws = false;
     bool agrees = true;
 
@@ -54,10 +51,10 @@ DEFINE_RESPONSE_TABLE1(Dialog, owl::TDialog)
     EV_MESSAGE(WM_APP + 1, Act),
 END_RESPONSE_TABLE;
 
-void CALLBACK PressOk(HWND, UINT, UINT_PTR timer, DWORD) {
+void CALLBACK PressCancel(HWND, UINT, UINT_PTR timer, DWORD) {
     ::KillTimer(nullptr, timer);
     if (const HWND box = ::FindWindowA("#32770", "Every control"))
-        ::PostMessageA(box, WM_COMMAND, IDOK, 0);
+        ::PostMessageA(box, WM_COMMAND, IDCANCEL, 0);
 }
 
 struct DialogTest : testing::Test {
@@ -142,10 +139,17 @@ TEST_F(DialogTest, of_a_missing_resource_throws) {
 }
 
 TEST_F(DialogTest, is_idle_inside_of_its_loop) {
-    Dialog dialog(desk.frame);
-    ::SetTimer(nullptr, 0, 50, &PressOk);
+    class Closing : public Dialog {
+    public:
+        using Dialog::Dialog;
+        bool IdleAction(long idleCount) override {
+            PostMessage(WM_COMMAND, IDOK);
+            return Dialog::IdleAction(idleCount);
+        }
+    } dialog(desk.frame);
+    const UINT_PTR timer = ::SetTimer(nullptr, 0, 5000, &PressCancel);
     EXPECT_EQ(IDOK, dialog.Execute());
-    EXPECT_LT(0, dialog.idles);
+    EXPECT_TRUE(::KillTimer(nullptr, timer));
 }
 
 TEST_F(DialogTest, runs_within_another_to_any_depth) {
@@ -393,6 +397,70 @@ TEST_F(DialogTest, hundred_of_them_leave_nothing_behind) {
     }
     EXPECT_EQ(windows, desk::CountWindows());
     EXPECT_EQ(before, desk::UserObjects());
+}
+
+// What decided while it was set up was lost: the answer was Cancel, or the dialog stayed.
+TEST_F(DialogTest, may_be_over_before_it_shows) {
+    Dialog dialog(desk.frame);
+    dialog.inSetup = [&] { dialog.CloseWindow(77); };
+    EXPECT_EQ(77, dialog.Execute());
+    dialog.inSetup = [&] { dialog.EndModal(78); };
+    EXPECT_EQ(78, dialog.Execute());
+    EXPECT_FALSE(dialog.IsWindow());
+    dialog.inSetup = [&] { ::DestroyWindow(dialog.GetHandle()); };
+    EXPECT_EQ(IDCANCEL, dialog.Execute());
+    dialog.inSetup = nullptr;
+    EXPECT_EQ(79, Run(dialog, [&] { dialog.EndModal(79); }));
+    EXPECT_TRUE(desk.frame->IsWindowEnabled());
+}
+
+TEST_F(DialogTest, whose_setup_threw_is_not_modal) {
+    Dialog dialog(desk.frame);
+    dialog.throws = true;
+    EXPECT_THROW(dialog.Execute(), std::length_error);
+    EXPECT_FALSE(dialog.IsModal());
+}
+
+TEST_F(DialogTest, bears_the_caption_of_its_template_unless_it_is_given_another) {
+    Dialog plain(desk.frame);
+    plain.Create();
+    EXPECT_EQ("Every control", plain.GetCaption());
+    Dialog named(desk.frame);
+    named.SetWindowText("Another");
+    named.Create();
+    EXPECT_EQ("Another", named.GetWindowText());
+    EXPECT_EQ("Another", named.GetCaption());
+}
+
+// Read as narrow text and written back, it would lose the letters that the code page lacks.
+TEST_F(DialogTest, leaves_the_caption_of_its_template_as_it_is) {
+    class Listening : public Dialog {
+    public:
+        using Dialog::Dialog;
+        LRESULT WindowProc(UINT msg, WPARAM wParam, LPARAM lParam) override {
+            if (msg == WM_SETTEXT)
+                ++captions;
+            return Dialog::WindowProc(msg, wParam, lParam);
+        }
+        int captions = 0;
+    } dialog(desk.frame);
+    dialog.Create();
+    EXPECT_EQ(0, dialog.captions);
+    EXPECT_EQ("Every control", dialog.GetCaption());
+    dialog.Destroy();
+    dialog.Create();
+    EXPECT_EQ(0, dialog.captions);
+}
+
+TEST(DialogWithoutApplication, runs_and_sees_to_its_keys) {
+    Dialog dialog(nullptr);
+    dialog.action = [&] {
+        ASSERT_TRUE(desk::Activate(dialog));
+        desk::Press({VK_ESCAPE});
+    };
+    EXPECT_EQ(IDCANCEL, dialog.Execute());
+    dialog.action = [&] { dialog.CmOk(); };
+    EXPECT_EQ(IDOK, dialog.Execute());
 }
 
 }  // namespace

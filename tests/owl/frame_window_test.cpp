@@ -3,6 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "owl/command_enabler.h"
+#include "owl/dialog.h"
+#include "owl/edit.h"
+#include "owl/error.h"
 #include "tests/owl/desk.h"
 #include "tests/owl/resource_ids.h"
 
@@ -97,6 +100,19 @@ TEST(FrameWindow, takes_another_menu_and_refuses_a_missing_one) {
     EXPECT_TRUE(frame->AssignMenu(IDM_TEST_MENU));
     EXPECT_NE(former, frame->GetMenu());
     EXPECT_FALSE(::IsMenu(former));
+}
+
+TEST(FrameWindow, whose_menu_is_missing_throws) {
+    Program program;
+    Frame frame;
+    frame.Attr.Menu = 999;
+    try {
+        frame.Create();
+        FAIL();
+    } catch (const owl::TXWindow& error) {
+        EXPECT_EQ(0U, std::string(error.what()).find("LoadMenu: ")) << error.what();
+    }
+    EXPECT_FALSE(frame.IsWindow());
 }
 
 TEST(FrameWindow, fills_itself_with_its_client) {
@@ -218,6 +234,29 @@ TEST(FrameWindow, is_driven_by_the_keys_of_its_menu) {
     EXPECT_EQ(Calls{"second"}, calls);
 }
 
+// How wide the icon is that a window shows; 0 if it has none.
+int IconWidth(const owl::TFrameWindow& frame, WPARAM which) {
+    const auto icon = reinterpret_cast<HICON>(frame.SendMessage(WM_GETICON, which));
+    ICONINFO info{};
+    BITMAP bitmap{};
+    if (!::GetIconInfo(icon, &info))
+        return 0;
+    ::GetObjectA(info.hbmMask, sizeof bitmap, &bitmap);
+    ::DeleteObject(info.hbmMask);
+    ::DeleteObject(info.hbmColor);
+    return bitmap.bmWidth;
+}
+
+// The caption showed the large icon, made smaller, without its outline.
+TEST(FrameWindow, shows_the_small_form_of_its_icon_in_the_caption) {
+    Program program;
+    auto* frame = Show(program, new Frame);
+    EXPECT_EQ(0, IconWidth(*frame, ICON_SMALL));
+    EXPECT_TRUE(frame->SetIcon(nullptr, reinterpret_cast<const char*>(IDI_ASTERISK)));
+    EXPECT_EQ(::GetSystemMetrics(SM_CXICON), IconWidth(*frame, ICON_BIG));
+    EXPECT_EQ(::GetSystemMetrics(SM_CXSMICON), IconWidth(*frame, ICON_SMALL));
+}
+
 TEST(FrameWindow, shows_its_icon) {
     Program program;
     auto* frame = new Frame;
@@ -227,6 +266,75 @@ TEST(FrameWindow, shows_its_icon) {
     const auto icon =
         reinterpret_cast<LRESULT>(::LoadIconA(nullptr, reinterpret_cast<const char*>(IDI_ASTERISK)));
     EXPECT_EQ(icon, frame->SendMessage(WM_GETICON, ICON_BIG));
+}
+
+// The window class was registered without a background when the first frame had a client.
+TEST(FrameWindow, without_a_client_is_erased_whatever_the_frames_before_it_had) {
+    class Erased : public Frame {
+    public:
+        using Frame::Frame;
+
+    protected:
+        const char* GetClassName() override { return "owl_frame_background_test"; }
+    };
+    Program program;
+    Show(program, new Erased(new Client));
+    Frame* plain = Show(program, new Erased);
+    const HDC dc = ::GetDC(plain->GetHandle());
+    EXPECT_NE(0, plain->SendMessage(WM_ERASEBKGND, reinterpret_cast<WPARAM>(dc)));
+    ::ReleaseDC(plain->GetHandle(), dc);
+}
+
+// It was left on the screen, without a frame around it.
+TEST(FrameWindow, hides_a_client_that_it_gives_up_and_shows_one_that_it_gets) {
+    Program program;
+    auto* former = new Client;
+    Frame* frame = Show(program, new Frame(former));
+    frame->ShowWindow(SW_SHOW);
+    ASSERT_TRUE(former->IsWindowVisible());
+    frame->SetClientWindow(nullptr);
+    EXPECT_FALSE(former->IsWindowVisible());
+    frame->SetClientWindow(former);
+    EXPECT_TRUE(former->IsWindowVisible());
+}
+
+TEST(FrameWindow, offers_a_command_to_its_client_though_a_bar_has_the_focus) {
+    Program program;
+    Frame* frame = Show(program, new Frame(new Client));
+    auto* bar = new TWindow(frame);
+    bar->Create();
+    ASSERT_TRUE(desk::Activate(*frame));
+    bar->SetFocus();
+    frame->SendMessage(WM_COMMAND, CM_TEST_FIRST);
+    EXPECT_EQ(Calls{"client"}, calls);
+}
+
+// As in a plug-in: the resources are those of the program.
+TEST(FrameWindow, has_its_menu_and_its_keys_without_an_application_too) {
+    calls.clear();
+    Frame frame;
+    frame.Create();
+    EXPECT_NE(nullptr, frame.GetMenu());
+    EXPECT_TRUE(frame.AssignMenu(IDM_TEST_MENU));
+    ASSERT_TRUE(desk::Activate(frame));
+    desk::Press({VK_CONTROL, 'K'});
+    EXPECT_TRUE(desk::PumpUntil([] { return !calls.empty(); }));
+    EXPECT_EQ(Calls{"frame"}, calls);
+}
+
+// The dialog took every key, and the frame never heard of it.
+TEST(FrameWindow, keeps_its_keys_with_a_dialog_as_its_client) {
+    Program program;
+    auto* form = new owl::TDialog(nullptr, IDD_TEST_PAGE);
+    auto* edit = new owl::TEdit(form, IDC_TEST_EDIT);
+    Frame* frame = Show(program, new Frame(form));
+    ASSERT_TRUE(desk::Activate(*frame));
+    edit->SetFocus();
+    desk::Press({VK_CONTROL, 'K'});
+    EXPECT_TRUE(desk::PumpUntil([] { return !calls.empty(); }));
+    EXPECT_EQ(Calls{"frame"}, calls);
+    desk::Press({'A'});
+    EXPECT_TRUE(desk::PumpUntil([&] { return edit->GetWindowText() == "a"; }));
 }
 
 }  // namespace

@@ -112,4 +112,38 @@ TEST_F(ListBox, passes_over_a_null_address) {
     EXPECT_EQ(3, list->GetCount());
 }
 
+// "pearl" begins with it as well and stands further up.
+TEST_F(ListBox, transfers_the_item_that_is_meant_and_not_one_that_begins_like_it) {
+    owl::TListBox plain(desk.frame, 7, 0, 0, 100, 80);
+    plain.Attr.Style &= ~static_cast<DWORD>(LBS_SORT);
+    plain.Create();
+    owl::TListBoxData data{{"pearl", "PEAR", "pear", "pear"}, 3, "pear"};
+    owl::TListBoxData* address = &data;
+    plain.Transfer(&address, owl::tdSetData);
+    EXPECT_EQ(3, plain.GetSelIndex());
+    data.SelIndex = 0;
+    plain.Transfer(&address, owl::tdSetData);
+    EXPECT_EQ(2, plain.GetSelIndex());
+    data.SelString = "plum";
+    plain.Transfer(&address, owl::tdSetData);
+    EXPECT_EQ(0, plain.GetSelIndex());
+}
+
+TEST_F(ListBox, holds_texts_of_any_length) {
+    const std::string text(70000, 'z');
+    const int index = list->AddString(text.c_str());
+    EXPECT_EQ(3, index);
+    EXPECT_EQ(70000, list->GetStringLen(index));
+    EXPECT_EQ(text, Item(index));
+    list->SetSelIndex(index);
+    std::vector<char> room(70001);
+    EXPECT_EQ(70000, list->GetSelString(room.data(), 70001));
+    EXPECT_EQ(text, room.data());
+}
+
+TEST_F(ListBox, takes_no_text_as_an_empty_one) {
+    EXPECT_EQ(0, list->AddString(nullptr));
+    EXPECT_EQ(0, list->GetStringLen(0));
+}
+
 }  // namespace

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 #include "tests/owl/desk.h"
 
 namespace {
@@ -121,6 +123,95 @@ TEST(MessageThread, offers_nothing_past_a_window_that_is_no_child) {
     desk.application.PumpWaitingMessages();
     EXPECT_EQ(1, popup->asked);
     EXPECT_EQ(0, outer->asked);
+}
+
+void CALLBACK QuitLate(HWND, UINT, UINT_PTR timer, DWORD) {
+    ::KillTimer(nullptr, timer);
+    ::PostQuitMessage(77);
+}
+
+class Thrower : public owl::TWindow {
+public:
+    explicit Thrower(owl::TWindow* parent) : TWindow(parent) {}
+    LRESULT Throw(WPARAM, LPARAM) { throw std::domain_error("idle"); }
+
+    DECLARE_RESPONSE_TABLE(Thrower);
+};
+
+DEFINE_RESPONSE_TABLE1(Thrower, owl::TWindow)
+    EV_MESSAGE(WM_USER + 6, Throw),
+END_RESPONSE_TABLE;
+
+// It slept with the exception until something else happened.
+TEST(MessageThread, throws_what_an_idle_action_sent_into) {
+    class Sender : public owl::TMsgThread {
+    public:
+        explicit Sender(owl::TWindow& theWindow) : window(theWindow) {}
+        bool IdleAction(long) override {
+            window.SendMessage(WM_USER + 6);
+            return false;
+        }
+        owl::TWindow& window;
+    };
+    desk::Desk desk;
+    Thrower window(desk.frame);
+    window.Create();
+    desk.application.PumpWaitingMessages();
+    Sender thread(window);
+    const UINT_PTR timer = ::SetTimer(nullptr, 0, 3000, &QuitLate);
+    EXPECT_THROW(thread.MessageLoop(), std::domain_error);
+    EXPECT_TRUE(::KillTimer(nullptr, timer));
+}
+
+// A message that was looked at counts as seen, and the loop slept although it waited.
+TEST(MessageThread, handles_a_message_that_an_idle_action_looked_at) {
+    class Looker : public owl::TMsgThread {
+    public:
+        bool IdleAction(long) override {
+            MSG msg{};
+            ::PostThreadMessageA(::GetCurrentThreadId(), WM_APP, 0, 0);
+            ::PeekMessageA(&msg, nullptr, 0, 0, PM_NOREMOVE);
+            ++idles;
+            return false;
+        }
+        int idles = 0;
+    };
+    Looker thread;
+    const UINT_PTR timer = ::SetTimer(nullptr, 0, 3000, &QuitLate);
+    EXPECT_TRUE(thread.RunUntil([&] { return thread.idles == 5; }));
+    EXPECT_TRUE(::KillTimer(nullptr, timer));
+    desk::PumpUntil([] { return false; }, 20);
+}
+
+// As a program without an application of ours does, for the windows of a plug-in.
+TEST(MessageThread, offers_the_messages_of_a_loop_that_is_not_ours) {
+    owl::TFrameWindow frame(nullptr, "hosted");
+    frame.Create();
+    auto* outer = new Filter(&frame, WM_USER + 5);
+    outer->Create();
+    auto* inner = new Filter(outer, 0);
+    inner->Create();
+    MSG msg{};
+    msg.hwnd = inner->GetHandle();
+    msg.message = WM_USER + 5;
+    EXPECT_TRUE(owl::TMsgThread().ProcessAppMsg(msg));
+    EXPECT_EQ(1, inner->asked);
+    msg.hwnd = frame.GetHandle();
+    EXPECT_FALSE(owl::TMsgThread().ProcessAppMsg(msg));
+    msg.hwnd = nullptr;
+    EXPECT_FALSE(owl::TMsgThread().ProcessAppMsg(msg));
+}
+
+TEST(MessageThread, throws_what_was_thrown_below_a_loop_that_is_not_ours) {
+    owl::TFrameWindow frame(nullptr, "hosted");
+    frame.Create();
+    auto* window = new Thrower(&frame);
+    window->Create();
+    window->PostMessage(WM_USER + 6);
+    MSG msg{};
+    while (::PeekMessageA(&msg, nullptr, 0, 0, PM_REMOVE))
+        ::DispatchMessageA(&msg);
+    EXPECT_THROW(owl::TMsgThread().PumpWaitingMessages(), std::domain_error);
 }
 
 }  // namespace

@@ -91,4 +91,8 @@ TEST(Module, loads_accelerators) {
     EXPECT_NE(nullptr, TModule().LoadAccelerators(IDA_TEST_KEYS));
 }
 
+TEST(Module, without_a_file_throws) {
+    EXPECT_THROW(owl::TModule(static_cast<const char*>(nullptr), true), owl::TXOwl);
+}
+
 }  // namespace

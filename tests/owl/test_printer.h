@@ -14,7 +14,10 @@ class TestPrinter {
 public:
     static constexpr const char* name = "lvx test printer";
 
-    TestPrinter() {
+    /// What it prints goes to `port`: a file by its path on the system below Wine, or "FILE:", which asks for
+    /// one unless the job names it.
+    explicit TestPrinter(const std::string& port = "FILE:", const std::string& printerName = name)
+        : m_name(printerName), m_port(port) {
         char folder[MAX_PATH];
         ::GetTempPathA(sizeof folder, folder);
         m_description = std::string(folder) + "lvxtest.ppd";
@@ -67,11 +70,10 @@ private:
     }
 
     bool AddPrinter() {
-        std::string printer = name;
-        char port[] = "FILE:", driverName[] = "lvx test", processor[] = "WinPrint", type[] = "RAW";
+        char driverName[] = "lvx test", processor[] = "WinPrint", type[] = "RAW";
         PRINTER_INFO_2A info{};
-        info.pPrinterName = printer.data();
-        info.pPortName = port;
+        info.pPrinterName = m_name.data();
+        info.pPortName = m_port.data();
         info.pDriverName = driverName;
         info.pPrintProcessor = processor;
         info.pDatatype = type;
@@ -79,9 +81,30 @@ private:
         return m_printer || ::GetLastError() == ERROR_PRINTER_ALREADY_EXISTS;
     }
 
+    std::string m_name;
+    std::string m_port;
     std::string m_description;
     std::string m_problem;
     HANDLE m_printer = nullptr;
+};
+
+/// Makes a printer the default one, and the former one again at its end.
+class DefaultPrinter {
+public:
+    explicit DefaultPrinter(const char* name) : m_former(Name()) { ::SetDefaultPrinterA(name); }
+    ~DefaultPrinter() { ::SetDefaultPrinterA(m_former.c_str()); }
+    DefaultPrinter(const DefaultPrinter&) = delete;
+    DefaultPrinter& operator=(const DefaultPrinter&) = delete;
+
+    /// Empty if there is none.
+    static std::string Name() {
+        char name[256] = "";
+        DWORD size = sizeof name;
+        return ::GetDefaultPrinterA(name, &size) ? name : "";
+    }
+
+private:
+    std::string m_former;
 };
 
 }  // namespace owl_test

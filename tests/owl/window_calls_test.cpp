@@ -78,6 +78,11 @@ TEST_F(WindowCalls, without_a_window_give_nothing_and_do_nothing) {
     EXPECT_FALSE(none.RedrawWindow(nullptr, nullptr, RDW_INVALIDATE));
     EXPECT_EQ(nullptr, none.SetFocus());
     EXPECT_EQ(nullptr, none.GetMenu());
+    EXPECT_EQ(0U, none.SetTimer(5, 10000));
+    const UINT_PTR others = ::SetTimer(nullptr, 0, 10000, nullptr);
+    EXPECT_FALSE(none.KillTimer(static_cast<UINT>(others)));
+    EXPECT_TRUE(::KillTimer(nullptr, others));
+    none.UpdateWindow();
     EXPECT_EQ(0U, none.GetStyle() & WS_BORDER);
     none.Invalidate();
     none.InvalidateRect(TRect(0, 0, 1, 1));

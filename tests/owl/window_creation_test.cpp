@@ -237,4 +237,34 @@ TEST_F(WindowCreation, children_go_with_their_parents_window) {
     EXPECT_EQ((std::vector<std::string>{"setup", "cleanup"}), child->steps);
 }
 
+TEST_F(WindowCreation, may_be_undone_by_the_setup) {
+    class Shy : public Steps {
+    public:
+        using Steps::Steps;
+        void SetupWindow() override {
+            Steps::SetupWindow();
+            Destroy();
+        }
+    };
+    Shy window(desk.frame);
+    EXPECT_TRUE(window.Create());
+    EXPECT_FALSE(window.IsWindow());
+    EXPECT_EQ((std::vector<std::string>{"setup", "cleanup"}), window.steps);
+}
+
+TEST_F(WindowCreation, throws_when_the_window_refuses_its_very_first_message) {
+    class Refusing : public TWindow {
+    public:
+        using TWindow::TWindow;
+        LRESULT WindowProc(UINT msg, WPARAM wParam, LPARAM lParam) override {
+            return msg == WM_NCCREATE ? 0 : TWindow::WindowProc(msg, wParam, lParam);
+        }
+    };
+    Refusing window(desk.frame);
+    const int before = desk::CountWindows();
+    EXPECT_THROW(window.Create(), owl::TXWindow);
+    EXPECT_FALSE(window.IsWindow());
+    EXPECT_EQ(before, desk::CountWindows());
+}
+
 }  // namespace

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 #include "owl/command_enabler.h"
 #include "tests/owl/desk.h"
 
@@ -117,6 +119,81 @@ TEST_F(WindowMessages, can_be_posted_and_sent_to_children) {
     EXPECT_TRUE(talker->PostMessage(WM_USER + 1));
     TWindow none(desk.frame);
     EXPECT_FALSE(none.PostMessage(WM_USER + 1));
+}
+
+// Throws, and says when it hears that somebody has.
+class Hearing : public TWindow {
+public:
+    Hearing(TWindow* parent, DWORD style) : TWindow(parent) { Attr.Style = style; }
+
+    LRESULT WindowProc(UINT msg, WPARAM wParam, LPARAM lParam) override {
+        if (msg == WM_USER + 1)
+            throw std::length_error("handler");
+        return TWindow::WindowProc(msg, wParam, lParam);
+    }
+    int heard = 0;
+
+protected:
+    void ExceptionCarried() override { ++heard; }
+};
+
+TEST_F(WindowMessages, that_end_with_an_exception_are_told_to_the_outermost_window) {
+    auto* popup = new Hearing(desk.frame, WS_POPUP);
+    auto* child = new Hearing(popup, WS_CHILD);
+    auto* grandchild = new Hearing(child, WS_CHILD);
+    popup->Create();
+    int thrower = 0;
+    for (const Hearing* window : {grandchild, child, popup}) {
+        window->PostMessage(WM_USER + 1);
+        EXPECT_THROW(desk::PumpUntil([] { return false; }, 1000), std::length_error);
+        EXPECT_EQ(++thrower, popup->heard);
+    }
+    EXPECT_EQ(0, child->heard);
+    EXPECT_EQ(0, grandchild->heard);
+}
+
+// As windows do that keep controls in another window inside of theirs.
+TEST_F(WindowMessages, to_a_control_go_to_where_the_window_says_that_it_is) {
+    class Elsewhere : public TWindow {
+    public:
+        using TWindow::TWindow;
+        HWND GetDlgItem(int id) const override { return id == 77 ? place : TWindow::GetDlgItem(id); }
+        HWND place = nullptr;
+    } window(desk.frame);
+    window.Create();
+    window.place = talker->GetHandle();
+    EXPECT_EQ(23, window.SendDlgItemMessage(77, WM_USER + 1, 2, 3));
+    EXPECT_EQ(0, window.SendDlgItemMessage(78, WM_USER + 1, 2, 3));
+}
+
+// It would be read from there.
+TEST_F(WindowMessages, that_ask_for_enabling_are_not_taken_from_the_queue) {
+    talker->PostMessage(WM_COMMAND_ENABLE, 0, 16);
+    EXPECT_TRUE(desk.application.PumpWaitingMessages());
+    EXPECT_EQ(0, talker->SendMessage(WM_COMMAND_ENABLE, 0, 16));
+}
+
+// A page hands the question on to its dialog, which has no such message of its own just then.
+TEST_F(WindowMessages, about_colours_may_be_handed_to_another_window) {
+    class Forwarder : public TWindow {
+    public:
+        explicit Forwarder(TWindow* parent) : TWindow(parent) {}
+        bool Find(owl::TEventInfo& info) override { return TWindow::Find(info); }
+        LRESULT WindowProc(UINT msg, WPARAM wParam, LPARAM lParam) override {
+            if (msg != WM_CTLCOLOREDIT)
+                return TWindow::WindowProc(msg, wParam, lParam);
+            return reinterpret_cast<LRESULT>(Parent->EvCtlColor(
+                reinterpret_cast<HDC>(wParam), reinterpret_cast<HWND>(lParam), CTLCOLOR_EDIT));
+        }
+    };
+    auto* page = new Forwarder(desk.frame);
+    page->Create();
+    const HDC dc = ::GetDC(page->GetHandle());
+    const auto wParam = reinterpret_cast<WPARAM>(dc);
+    const LRESULT expected = ::DefWindowProcA(desk.frame->GetHandle(), WM_CTLCOLOREDIT, wParam, 0);
+    EXPECT_NE(0, expected);
+    EXPECT_EQ(expected, page->SendMessage(WM_CTLCOLOREDIT, wParam));
+    ::ReleaseDC(page->GetHandle(), dc);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <functional>
 #include <stdexcept>
 
+#include "owl/error.h"
 #include "tests/owl/desk.h"
 
 namespace {
@@ -139,6 +140,17 @@ public:
 TEST_F(WindowModal, is_idle_too_and_may_end_by_it) {
     Idle box(desk.frame);
     EXPECT_EQ(21, box.Run([] {}));
+}
+
+// The inner run forgot which window the outer one had disabled.
+TEST_F(WindowModal, is_not_run_within_itself) {
+    Box box(desk.frame);
+    EXPECT_EQ(7, box.Run([&] {
+        EXPECT_THROW(box.BeginModal(desk.frame), owl::TXWindow);
+        EXPECT_FALSE(desk.frame->IsWindowEnabled());
+        box.EndModal(7);
+    }));
+    EXPECT_TRUE(desk.frame->IsWindowEnabled());
 }
 
 }  // namespace

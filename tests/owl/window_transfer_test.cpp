@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <utility>
 
 #include "owl/error.h"
 #include "tests/owl/desk.h"
@@ -74,14 +75,44 @@ TEST_F(WindowTransfer, does_nothing_without_a_buffer) {
     EXPECT_EQ("kept", first->GetWindowText());
 }
 
-TEST_F(WindowTransfer, throws_rather_than_pass_the_end_of_the_buffer) {
+TEST_F(WindowTransfer, throws_before_it_moves_anything_if_the_buffer_is_too_small) {
     window.SetTransferBuffer(nullptr);
     window.Create();
     second->SetWindowText("kept");
     window.SetTransferBuffer(&data, sizeof(data) - 1);
     EXPECT_THROW(window.TransferData(owl::tdSetData), owl::TXOwl);
-    EXPECT_EQ("one", first->GetWindowText());
+    EXPECT_EQ("", first->GetWindowText());
     EXPECT_EQ("kept", second->GetWindowText());
+}
+
+// Setting a text tells the parent, whose function may do as it likes.
+TEST_F(WindowTransfer, bears_that_children_come_and_go_meanwhile) {
+    class Meddler : public Field {
+    public:
+        Meddler(TWindow* parent, TWindow* theVictim) : Field(parent, 4), victim(theVictim) {}
+        unsigned Transfer(void* buffer, TTransferDirection direction) override {
+            if (direction == owl::tdSetData) {
+                delete std::exchange(victim, nullptr);
+                for (int i = 0; i < 100; ++i)
+                    new TWindow(Parent);
+            }
+            return Field::Transfer(buffer, direction);
+        }
+        TWindow* victim;
+    };
+    struct {
+        char head[4];
+        char gone[8];
+        char tail[16];
+    } three{"a", "b", "c"};
+    TWindow parent(desk.frame);
+    auto* meddler = new Meddler(&parent, nullptr);
+    meddler->victim = new Field(&parent, 8);
+    auto* last = new Field(&parent, 16);
+    parent.SetTransferBuffer(&three, sizeof(three));
+    parent.Create();
+    EXPECT_EQ("a", meddler->GetWindowText());
+    EXPECT_EQ("c", last->GetWindowText());
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 
 #include "lvx/runtime/sync.h"
 #include "support/expect_throw.h"
+#include "support/peer_process.h"
 #include "support/threads.h"
 
 using lvx_test::long_time;
@@ -18,48 +19,11 @@ std::string own_name(const std::string& end) {
     return "lvx " + std::to_string(GetCurrentProcessId()) + " " + test->name() + " " + end;
 }
 
-std::string peer_path() {
-    char name[MAX_PATH] = {};
-    GetModuleFileNameA(nullptr, name, MAX_PATH);
-    const std::string own(name);
-    return own.substr(0, own.find_last_of("\\/") + 1) + "lvx_sync_peer.exe";
-}
-
-// The other program. Killed at the end if it still runs.
-class Peer {
+// The other program.
+class Peer : public lvx_test::PeerProcess {
 public:
-    explicit Peer(const std::string& what, const std::string& first, const std::string& second = "") {
-        std::string line = '"' + peer_path() + "\" " + what + " \"" + first + "\" \"" + second + '"';
-        STARTUPINFOA start{};
-        start.cb = sizeof start;
-        PROCESS_INFORMATION process{};
-        if (CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
-                           &process) != 0) {
-            CloseHandle(process.hThread);
-            m_process = process.hProcess;
-        }
-    }
-    Peer(const Peer&) = delete;
-    Peer& operator=(const Peer&) = delete;
-    ~Peer() {
-        Kill();
-        CloseHandle(m_process);
-    }
-
-    void Kill() {
-        TerminateProcess(m_process, 9);
-        WaitForSingleObject(m_process, long_time);
-    }
-
-    /// Its exit code, once it has ended; -1 if it does not end.
-    int Result() {
-        DWORD code = 0;
-        const bool ended = WaitForSingleObject(m_process, long_time) == WAIT_OBJECT_0;
-        return ended && GetExitCodeProcess(m_process, &code) != 0 ? static_cast<int>(code) : -1;
-    }
-
-private:
-    HANDLE m_process = nullptr;
+    explicit Peer(const std::string& what, const std::string& first, const std::string& second = "")
+        : PeerProcess("lvx_sync_peer.exe", {what, first, second}) {}
 };
 
 }  // namespace

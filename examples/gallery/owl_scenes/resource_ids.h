@@ -1,0 +1,32 @@
+// The numbers of the scenes' resources.
+#define IDM_GALLERY 100
+#define IDD_CONTROLS 101
+
+#define CM_NEW 201
+#define CM_OPEN 202
+#define CM_TILE 203
+#define CM_CASCADE 204
+
+#define IDC_CENTRED 301
+#define IDC_RIGHT 302
+#define IDC_EDIT 303
+#define IDC_READ_ONLY 304
+#define IDC_DISABLED_EDIT 305
+#define IDC_LINES 306
+#define IDC_LIST 307
+#define IDC_DISABLED_LIST 308
+#define IDC_COMBO 309
+#define IDC_FIELD_COMBO 310
+#define IDC_SIMPLE_COMBO 311
+#define IDC_UNCHECKED 312
+#define IDC_CHECKED 313
+#define IDC_THIRD 314
+#define IDC_DISABLED_CHECK 315
+#define IDC_RADIO 316
+#define IDC_OTHER_RADIO 317
+#define IDC_DISABLED_RADIO 318
+#define IDC_HORIZONTAL 319
+#define IDC_VERTICAL 320
+#define IDC_DISABLED_BUTTON 321
+#define IDC_BOXES 322
+#define IDC_SECRET 323

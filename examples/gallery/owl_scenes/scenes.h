@@ -1,0 +1,16 @@
+// The scenes of the framework.
+#pragma once
+
+namespace gallery {
+
+void ShowControls();
+void ShowMessageBox();
+void ShowMdi();
+void ShowMdiMaximised();
+void ShowPens();
+void ShowBrushes();
+void ShowFonts();
+void ShowRegions();
+void ShowPictures();
+
+}  // namespace gallery

@@ -1,0 +1,7 @@
+#include "lvx/drawing/device.h"
+
+namespace LVX {
+
+Device::~Device() = default;
+
+}  // namespace LVX

@@ -1,0 +1,18 @@
+// lvx/platform/windowed.h
+//
+// The headers of what needs windows, for lvx.h: all of them on Windows, none elsewhere.
+#pragma once
+
+#ifdef _WIN32
+
+#include "lvx/drawing/brush.h"
+#include "lvx/drawing/device.h"
+#include "lvx/drawing/font.h"
+#include "lvx/drawing/pen.h"
+#include "lvx/drawing/port.h"
+#include "lvx/drawing/region.h"
+#include "lvx/runtime/help_file.h"
+#include "lvx/runtime/notifier.h"
+#include "lvx/runtime/wait_cursor.h"
+
+#endif

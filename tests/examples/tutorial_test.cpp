@@ -1,0 +1,88 @@
+// What the tutorial quotes stands in the program, and nothing of the program is left untold.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "support/bytes.h"
+#include "support/places.h"
+
+namespace {
+
+using Lines = std::vector<std::string>;
+
+std::string file_of_tree(const std::string& name) {
+    return lvx_test::read_file(lvx_test::own_data() + "/../../" + name);
+}
+
+Lines lines_of(const std::string& text) {
+    Lines lines;
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);) {
+        lines.push_back(line);
+    }
+    return lines;
+}
+
+// The blocks of a page that begin with "```LANGUAGE FILE".
+std::vector<Lines> quotes(const std::string& page, const std::string& mark) {
+    std::vector<Lines> blocks;
+    bool inside = false;
+    for (const std::string& line : lines_of(file_of_tree(page))) {
+        if (inside && line == "```") {
+            inside = false;
+        } else if (inside) {
+            blocks.back().push_back(line);
+        } else if (line == "```" + mark) {
+            inside = true;
+            blocks.emplace_back();
+        }
+    }
+    return blocks;
+}
+
+std::string joined(const Lines& lines) {
+    std::string text;
+    for (const std::string& line : lines) {
+        text += line + '\n';
+    }
+    return text;
+}
+
+// The lines of a program that tell something: no blank ones, no comments, no brace alone.
+Lines telling_lines(const std::string& file) {
+    Lines lines = lines_of(file_of_tree(file));
+    std::erase_if(lines, [](const std::string& line) { return line.size() < 2 || line.starts_with("//"); });
+    return lines;
+}
+
+}  // namespace
+
+TEST(Tutorial, quotes_the_program_as_it_is) {
+    const std::string program = file_of_tree("examples/hello/hello.cpp");
+    const std::string resources = file_of_tree("examples/hello/hello.rc");
+    EXPECT_EQ(9U, quotes("docs/owl.md", "cpp hello.cpp").size());
+    EXPECT_EQ(2U, quotes("docs/owl.md", "rc hello.rc").size());
+    for (const Lines& block : quotes("docs/owl.md", "cpp hello.cpp")) {
+        EXPECT_NE(std::string::npos, program.find(joined(block))) << joined(block);
+    }
+    for (const Lines& block : quotes("docs/owl.md", "rc hello.rc")) {
+        EXPECT_NE(std::string::npos, resources.find(joined(block))) << joined(block);
+    }
+}
+
+TEST(Tutorial, leaves_nothing_of_the_program_untold) {
+    std::string told;
+    for (const Lines& block : quotes("docs/owl.md", "cpp hello.cpp")) {
+        told += '\n' + joined(block);
+    }
+    for (const std::string& line : telling_lines("examples/hello/hello.cpp")) {
+        EXPECT_NE(std::string::npos, told.find('\n' + line + '\n')) << line;
+    }
+}
+
+TEST(Tutorial, tells_of_a_program_of_less_than_sixty_lines) {
+    EXPECT_GT(60U, lines_of(file_of_tree("examples/hello/hello.cpp")).size());
+}
