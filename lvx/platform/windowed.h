@@ -5,6 +5,7 @@
 
 #ifdef _WIN32
 
+#include "lvx/drawing/bitmap.h"
 #include "lvx/drawing/brush.h"
 #include "lvx/drawing/device.h"
 #include "lvx/drawing/font.h"
