@@ -9,6 +9,7 @@
 #include "lvx/drawing/brush.h"
 #include "lvx/drawing/device.h"
 #include "lvx/drawing/font.h"
+#include "lvx/drawing/metafile.h"
 #include "lvx/drawing/pen.h"
 #include "lvx/drawing/port.h"
 #include "lvx/drawing/region.h"
