@@ -15,6 +15,8 @@ namespace owl {
 namespace {
 
 HBITMAP MakeBlack(HDC dc, int width, int height) {
+    if (::GetObjectType(dc) == OBJ_METADC)
+        return MakeBlack(TScreenDC(), width, height);
     return Require<TXGdi>("CreateCompatibleBitmap",
                           [&] { return ::CreateCompatibleBitmap(dc, width, height); });
 }

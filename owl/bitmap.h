@@ -20,8 +20,9 @@ public:
     /// On a bitmap that exists. A null `handle` is accepted: such a bitmap has no size, and cannot be
     /// selected.
     explicit TBitmap(HBITMAP handle, TAutoDelete autoDelete = NoAutoDelete);
-    /// With the depth of `dc`: of a memory context that has no bitmap of its own, one bit a pixel. Its pixels
-    /// are black.
+    /// With the depth of `dc`: of a memory context that has no bitmap of its own, one bit a pixel; of a
+    /// TMetaFileDC, that of the screen. Its pixels are black. With a side of 0 it is the system's bitmap of
+    /// one pixel.
     TBitmap(const TDC& dc, int width, int height);
     /// `bits` has the pixels, each row filled to 2 bytes, the upper one first; null leaves them black.
     TBitmap(int width, int height, int planes, int bitCount, const void* bits);

@@ -32,7 +32,8 @@ public:
     HANDLE GetClipboardData(unsigned int format) const;
     /// The same; throws TXWindow if there is nothing.
     HANDLE RequireClipboardData(unsigned int format) const;
-    /// Hands `data` over. Throws TXWindow if the clipboard refuses it; `data` is then still the caller's.
+    /// Hands `data`, which is not null, over. Throws TXWindow if the clipboard refuses it; `data` is then
+    /// still the caller's.
     void SetClipboardData(unsigned int format, HANDLE data);
 
     /// The number of a format by its name, the same for all programs that ask. Throws TXWindow if `name` is

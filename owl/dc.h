@@ -185,9 +185,10 @@ public:
     TSize GetTextExtentPointW(const wchar_t* text, int count = -1) const;
     /// Draws in `rect` as the DT_ values of `format` say and returns the height of the text; with DT_CALCRECT
     /// draws nothing and makes `rect` what the text takes. DT_MODIFYSTRING is ignored: the text is not the
-    /// context's.
+    /// context's. 0, and nothing drawn, where text cannot be measured.
     int DrawText(const std::string& text, TRect& rect, unsigned int format);
     int DrawText(const char* text, int count, TRect& rect, unsigned int format);
+    /// False, with all 0, where text cannot be measured, as on a TMetaFileDC.
     bool GetTextMetrics(TEXTMETRIC& metrics) const;
     /// The name of the face that the selected font has really become. Of `buffer`, which has room for `size`
     /// bytes, at least the terminator is written if `size` is not 0. Returns the bytes written, 0 if that

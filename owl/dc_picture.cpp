@@ -1,8 +1,38 @@
+#include <cstdint>
+#include <vector>
+
 #include "owl/dc.h"
+#include "owl/error.h"
+#include "owl/packed_dib.h"
 #include "owl/turned_area.h"
 #include "owl/turned_blit.h"
 
 namespace owl {
+namespace {
+
+bool Stretch(HDC dc, const TRect& dest, const TRect& src, const void* bits, const BITMAPINFO* info,
+             unsigned int usage, unsigned long rop) {
+    return ::StretchDIBits(dc, dest.left, dest.top, dest.Width(), dest.Height(), src.left, src.top,
+                           src.Width(), src.Height(), bits, info, usage, rop) != 0;
+}
+
+bool IsMetaFile(HDC dc) {
+    const DWORD type = ::GetObjectType(dc);
+    return type == OBJ_METADC || type == OBJ_ENHMETADC;
+}
+
+/// Into a metafile. Some platforms keep only as many colours and bytes there as the header counts: where it
+/// counts none, as it may, they are lost, and looked for in vain when it is played.
+bool Record(HDC dc, const TRect& dest, const TRect& src, const void* bits, const BITMAPINFO* info,
+            unsigned long rop) try {
+    const std::vector<std::uint8_t> complete = CompleteDibInfo(reinterpret_cast<const std::uint8_t*>(info));
+    return Stretch(dc, dest, src, bits, reinterpret_cast<const BITMAPINFO*>(complete.data()), DIB_RGB_COLORS,
+                   rop);
+} catch (const TXGdi&) {
+    return false;
+}
+
+}  // namespace
 
 bool TDC::PatBlt(const TRect& rect, unsigned long rop) {
     if (NeedsTurnedAreas(m_handle))
@@ -39,9 +69,9 @@ bool TDC::StretchDIBits(const TRect& dest, const TRect& src, const void* bits, c
         return false;
     if (NeedsTurnedPictures(m_handle))
         return StretchTurnedDIBits(m_handle, dest, src, bits, info, usage, rop);
-    const int lines = ::StretchDIBits(m_handle, dest.left, dest.top, dest.Width(), dest.Height(), src.left,
-                                      src.top, src.Width(), src.Height(), bits, info, usage, rop);
-    return lines != 0;
+    if (usage == DIB_RGB_COLORS && IsMetaFile(m_handle))
+        return Record(m_handle, dest, src, bits, info, rop);
+    return Stretch(m_handle, dest, src, bits, info, usage, rop);
 }
 
 }  // namespace owl

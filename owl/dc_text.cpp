@@ -62,10 +62,14 @@ int TDC::DrawText(const std::string& text, TRect& rect, unsigned int format) {
 }
 
 int TDC::DrawText(const char* text, int count, TRect& rect, unsigned int format) {
+    TEXTMETRIC metrics;
+    if (!GetTextMetrics(metrics))
+        return 0;
     return ::DrawTextA(m_handle, text ? text : "", Count(text, count), &rect, format & ~DT_MODIFYSTRING);
 }
 
 bool TDC::GetTextMetrics(TEXTMETRIC& metrics) const {
+    metrics = {};
     return ::GetTextMetrics(m_handle, &metrics) != FALSE;
 }
 
@@ -73,6 +77,9 @@ int TDC::GetTextFace(char* buffer, int size) const {
     if (!buffer || size <= 0)
         return 0;
     *buffer = '\0';
+    // Where there is no font the narrow call hands out what it happens to find.
+    if (::GetTextFaceW(m_handle, 0, nullptr) <= 0)
+        return 0;
     return ::GetTextFaceA(m_handle, size, buffer);
 }
 

@@ -124,7 +124,7 @@ int TDialog::DoExecute() {
 
 bool TDialog::EvInitDialog(HWND focus) {
     static_cast<void>(focus);
-    SetWindowText(GetCaption().empty() ? GetWindowText() : GetCaption());
+    AgreeOnCaption();
     SetupWindow();
     return true;
 }

@@ -39,13 +39,17 @@ TRect CutOff(TRect& room, TFrameWindow::TEdge edge, const TSize& size) {
 }  // namespace
 
 void TFrameWindow::Insert(TWindow& bar, TEdge edge) {
-    if (GetClientWindow() == &bar)
+    const bool wasClient = GetClientWindow() == &bar;
+    if (wasClient)
         SetClientWindow(nullptr);
     bar.SetParent(this);
     bar.EnableAutoCreate();
     m_bars.push_back({&bar, edge});
     if (IsWindow())
         bar.Create();
+    // A client that is given up is hidden.
+    if (wasClient)
+        bar.ShowWindow(SW_SHOW);
     ArrangeBars();
 }
 

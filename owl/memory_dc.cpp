@@ -7,7 +7,9 @@ namespace owl {
 namespace {
 
 HDC MakeMemoryContext(HDC like) {
-    return Require<TXGdi>("CreateCompatibleDC", [&] { return ::CreateCompatibleDC(like); });
+    const bool hasDevice = ::GetObjectType(like) != OBJ_METADC;
+    return Require<TXGdi>("CreateCompatibleDC",
+                          [&] { return ::CreateCompatibleDC(hasDevice ? like : nullptr); });
 }
 
 }  // namespace

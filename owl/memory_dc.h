@@ -14,7 +14,7 @@ class OWL_EXPORT TMemoryDC : public TDC {
 public:
     /// Fit for bitmaps of the screen.
     TMemoryDC();
-    /// Fit for bitmaps of the device of `dc`.
+    /// Fit for bitmaps of the device of `dc`; of a TMetaFileDC, which has no device, for those of the screen.
     explicit TMemoryDC(const TDC& dc);
     ~TMemoryDC() override;
 

@@ -20,6 +20,7 @@ constexpr unsigned long invalidData = 13;
 constexpr std::size_t fileHeaderSize = 14;
 constexpr std::size_t coreHeaderSize = 12;
 constexpr std::size_t infoHeaderSize = 40;
+constexpr std::size_t largestHeader = 124;
 constexpr std::size_t quadSize = 4;
 constexpr std::size_t tripleSize = 3;
 constexpr std::size_t maskBytes = 3 * 4;
@@ -147,7 +148,7 @@ void Append(std::vector<std::uint8_t>& bytes, std::uint32_t value, int size = 4)
 }
 
 /// The usual header, with `bytes` of pixels and `colours` behind it.
-std::vector<std::uint8_t> InfoHeader(const Header& header, std::size_t bytes, std::uint32_t colours) {
+std::vector<std::uint8_t> InfoHeader(const Header& header, std::uint64_t bytes, std::uint32_t colours) {
     std::vector<std::uint8_t> info;
     Append(info, infoHeaderSize);
     Append(info, static_cast<std::uint32_t>(header.width));
@@ -172,9 +173,28 @@ std::uint32_t StoredColours(const Header& header) {
     return header.coloursUsed != 0 ? header.coloursUsed : MostColours(header);
 }
 
+/// Where they stand.
+std::size_t ColoursOf(const Header& header) {
+    return header.size + (MasksFollow(header) ? maskBytes : 0);
+}
+
 void AppendColour(std::vector<std::uint8_t>& info, const Source& source, std::size_t at, std::size_t size) {
     const std::uint8_t* const bytes = source.Bytes(at, size);
     info.insert(info.end(), {bytes[0], bytes[1], bytes[2], 0});
+}
+
+/// The usual header with masks and colours, before `bytes` of pixels.
+std::vector<std::uint8_t> ReadInfo(const Source& source, const Header& header, std::uint64_t bytes) {
+    const std::uint32_t kept = std::min(StoredColours(header), MostColours(header));
+    std::vector<std::uint8_t> info = InfoHeader(header, bytes, kept);
+    if (HasMasks(header)) {
+        const std::uint8_t* const masks =
+            source.Bytes(MasksFollow(header) ? header.size : infoHeaderSize, maskBytes);
+        info.insert(info.end(), masks, masks + maskBytes);
+    }
+    for (std::size_t i = 0; i < kept; ++i)
+        AppendColour(info, source, ColoursOf(header) + i * header.colourSize, header.colourSize);
+    return info;
 }
 
 /// Copies the pixels from `at` on.
@@ -200,23 +220,22 @@ DibParts ReadPackedDib(const std::uint8_t* data, std::size_t size, std::size_t b
     const Source source(data, size);
     const Header header = ReadHeader(source);
     CheckHeader(header);
-    const std::size_t colours = header.size + (MasksFollow(header) ? maskBytes : 0);
-    const std::uint64_t stored = StoredColours(header);
-    source.Bytes(colours, stored * header.colourSize);
-    const std::size_t behind = colours + static_cast<std::size_t>(stored) * header.colourSize;
-    const auto kept = static_cast<std::uint32_t>(std::min<std::uint64_t>(stored, MostColours(header)));
-
+    const std::uint64_t colours = std::uint64_t{StoredColours(header)} * header.colourSize;
+    source.Bytes(ColoursOf(header), colours);
+    const std::size_t behind = ColoursOf(header) + static_cast<std::size_t>(colours);
     DibParts parts;
     parts.bits = ReadBits(source, bitsOffset != 0 ? bitsOffset : behind, header);
-    parts.info = InfoHeader(header, parts.bits.size(), kept);
-    if (HasMasks(header)) {
-        const std::uint8_t* const masks =
-            source.Bytes(MasksFollow(header) ? header.size : infoHeaderSize, maskBytes);
-        parts.info.insert(parts.info.end(), masks, masks + maskBytes);
-    }
-    for (std::size_t i = 0; i < kept; ++i)
-        AppendColour(parts.info, source, colours + i * header.colourSize, header.colourSize);
+    parts.info = ReadInfo(source, header, parts.bits.size());
     return parts;
+}
+
+std::vector<std::uint8_t> CompleteDibInfo(const std::uint8_t* info) {
+    const Source source(info, SIZE_MAX);
+    const Header header = ReadHeader(source);
+    CheckHeader(header);
+    if (header.size > largestHeader)
+        Damaged("the header has an unknown size");
+    return ReadInfo(source, header, IsRunLength(header) ? header.bytes : PixelBytes(header));
 }
 
 DibParts ReadDibFile(const std::uint8_t* data, std::size_t size) {

@@ -30,6 +30,11 @@ DibParts ReadPackedDib(const std::uint8_t* data, std::size_t size, std::size_t b
 /// Takes the contents of a bitmap file apart. Throws TXGdi likewise, or if it is no bitmap file.
 DibParts ReadDibFile(const std::uint8_t* data, std::size_t size);
 
+/// What DibParts::info is of the picture that is described at `info`: as the system takes it, with the masks
+/// and colours behind the header. Throws TXGdi if the header makes no sense. Requires: the masks and colours
+/// are there that the header tells of.
+std::vector<std::uint8_t> CompleteDibInfo(const std::uint8_t* info);
+
 /// A black picture. Throws TXGdi if a side or the depth makes no sense, or it would take 2 GiB.
 DibParts MakeDibParts(int width, int height, int bitCount);
 

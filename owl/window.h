@@ -349,6 +349,9 @@ protected:
     int GetModalResult() const { return m_modalResult; }
     /// Calls SetupWindow; if that throws, the window goes.
     void FinishCreation();
+    /// For a window that was not created with the caption of the object: gives it the object's, or, if that
+    /// is empty, the object the window's.
+    void AgreeOnCaption();
     /// Asks CanClose, of a main window the application's; false as well if the window went meanwhile: then
     /// the object may be gone too.
     bool MayClose();

@@ -39,6 +39,15 @@ bool TWindow::TakeFromResource() {
     return true;
 }
 
+// The window's own is left alone: it may have letters that narrow text lacks.
+void TWindow::AgreeOnCaption() {
+    const std::string present = GetWindowText();
+    if (m_title.empty())
+        m_title = present;
+    else if (m_title != present)
+        SetWindowText(m_title);
+}
+
 void TWindow::FinishCreation() {
     const FunctionScope function;
     try {

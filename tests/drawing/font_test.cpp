@@ -138,6 +138,19 @@ TEST(Font, copied_asks_anew) {
     EXPECT_NE(static_cast<owl::TFont&>(font).GetHandle(), static_cast<owl::TFont&>(copy).GetHandle());
 }
 
+TEST(Font, copied_makes_no_font_of_the_system_before_it_is_needed) {
+    const LVXFont font = plain("Arial", 24);
+    const LVXFont system;
+    LVXFont other = plain("Courier New");
+    EXPECT_GT(font.height(), 24);
+    const NoMoreObjects none;
+    EXPECT_NO_THROW(LVXFont{font});
+    EXPECT_NO_THROW(other = font);
+    EXPECT_THROW(LVXFont{system}, owl::TXGdi);
+    EXPECT_THROW(other = system, owl::TXGdi);
+    EXPECT_EQ(24, other.pointSize());
+}
+
 TEST(Font, of_the_system_copied_has_a_font_of_its_own) {
     LVXFont font(true);
     LVXFont copy(font);

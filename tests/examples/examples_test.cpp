@@ -1,9 +1,9 @@
 // The example programs, run as a reader of the documentation runs them.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <string>
 
+#include "examples/example_run.h"
 #include "files/profile_folder.h"
 #include "lvx/images/dibitmap.h"
 #include "lvx/store/object_store_storage.h"
@@ -12,25 +12,13 @@
 #include "support/bytes.h"
 #include "support/drive_folder.h"
 #include "support/places.h"
-#include "support/temp_folder.h"
 
 namespace {
 
 using LVXUtilities::DIBitmap;
 
-class Examples : public ::testing::Test {
+class Examples : public lvx_test::ExampleRun {
 protected:
-    /// Runs a program out of the folder of programs; what it printed is in `m_output`. True if it ended with
-    /// 0.
-    bool Run(const std::string& command) {
-        const std::string output = m_folder.File("output");
-        const std::string program = LVX_TEST_PROGRAM_PREFIX + command + " > " + output + " 2>&1";
-        const bool good = std::system(program.c_str()) == 0;
-        m_output = lvx_test::read_file(output);
-        std::erase(m_output, '\r');
-        return good;
-    }
-
     /// Writes a document with one picture, as `lvxdoc pack` does.
     std::string Document(const DIBitmap& picture) {
         const std::string name = m_folder.File("document");
@@ -42,9 +30,6 @@ protected:
         store.CloseStream();
         return name;
     }
-
-    lvx_test::TempFolder m_folder;
-    std::string m_output;
 };
 
 // What stands in a page of docs/ as the output of a program: the block that begins with "```text PROGRAM".

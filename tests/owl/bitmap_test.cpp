@@ -44,6 +44,11 @@ TEST(Bitmap, of_a_context_has_its_depth_and_is_black) {
     EXPECT_EQ(TColor::Black, PixelOf(bitmap, 29, 19));
 }
 
+TEST(Bitmap, with_a_side_of_0_has_one_pixel) {
+    EXPECT_EQ(TSize(1, 1), TBitmap(TScreenDC(), 0, 5).Size());
+    EXPECT_EQ(TSize(1, 1), TBitmap(5, 0, 1, 1, nullptr).Size());
+}
+
 TEST(Bitmap, of_bits_takes_the_upper_row_first_and_fills_rows_to_two_bytes) {
     const WORD rows[] = {0x0080, 0x0040};
     const TBitmap bitmap(9, 2, 1, 1, rows);

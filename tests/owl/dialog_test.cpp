@@ -432,4 +432,35 @@ TEST_F(DialogTest, bears_the_caption_of_its_template_unless_it_is_given_another)
     EXPECT_EQ("Another", named.GetCaption());
 }
 
+// Read as narrow text and written back, it would lose the letters that the code page lacks.
+TEST_F(DialogTest, leaves_the_caption_of_its_template_as_it_is) {
+    class Listening : public Dialog {
+    public:
+        using Dialog::Dialog;
+        LRESULT WindowProc(UINT msg, WPARAM wParam, LPARAM lParam) override {
+            if (msg == WM_SETTEXT)
+                ++captions;
+            return Dialog::WindowProc(msg, wParam, lParam);
+        }
+        int captions = 0;
+    } dialog(desk.frame);
+    dialog.Create();
+    EXPECT_EQ(0, dialog.captions);
+    EXPECT_EQ("Every control", dialog.GetCaption());
+    dialog.Destroy();
+    dialog.Create();
+    EXPECT_EQ(0, dialog.captions);
+}
+
+TEST(DialogWithoutApplication, runs_and_sees_to_its_keys) {
+    Dialog dialog(nullptr);
+    dialog.action = [&] {
+        ASSERT_TRUE(desk::Activate(dialog));
+        desk::Press({VK_ESCAPE});
+    };
+    EXPECT_EQ(IDCANCEL, dialog.Execute());
+    dialog.action = [&] { dialog.CmOk(); };
+    EXPECT_EQ(IDOK, dialog.Execute());
+}
+
 }  // namespace

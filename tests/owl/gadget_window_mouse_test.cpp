@@ -155,6 +155,18 @@ TEST_F(BarMouse, that_is_let_go_outside_of_the_bar_is_at_no_gadget) {
     EXPECT_EQ(nullptr, bar->AtMouse());
 }
 
+// Not only with the next move, which some systems bring about by themselves.
+TEST_F(BarMouse, that_is_let_go_elsewhere_has_left_the_gadget_at_once) {
+    ASSERT_TRUE(Move(7, 8));
+    mouse::PressLeft();
+    EXPECT_TOLD(first, "enter 5,6", "down 5,6");
+    bar->HandleMessage(WM_LBUTTONUP, 0, MAKELPARAM(30, 8));
+    EXPECT_EQ((Calls{"up 28,6", "leave"}), first->Take());
+    EXPECT_EQ(Calls{"enter 8,6"}, second->Take());
+    mouse::ReleaseLeft();
+    desk::PumpUntil([] { return false; }, 100);
+}
+
 // The hint of a button stayed when the mouse went away after a press that had strayed.
 TEST_F(BarMouse, leaves_a_gadget_though_it_was_away_while_it_was_captured) {
     ASSERT_TRUE(Move(7, 8));

@@ -183,4 +183,35 @@ TEST(MessageThread, handles_a_message_that_an_idle_action_looked_at) {
     desk::PumpUntil([] { return false; }, 20);
 }
 
+// As a program without an application of ours does, for the windows of a plug-in.
+TEST(MessageThread, offers_the_messages_of_a_loop_that_is_not_ours) {
+    owl::TFrameWindow frame(nullptr, "hosted");
+    frame.Create();
+    auto* outer = new Filter(&frame, WM_USER + 5);
+    outer->Create();
+    auto* inner = new Filter(outer, 0);
+    inner->Create();
+    MSG msg{};
+    msg.hwnd = inner->GetHandle();
+    msg.message = WM_USER + 5;
+    EXPECT_TRUE(owl::TMsgThread().ProcessAppMsg(msg));
+    EXPECT_EQ(1, inner->asked);
+    msg.hwnd = frame.GetHandle();
+    EXPECT_FALSE(owl::TMsgThread().ProcessAppMsg(msg));
+    msg.hwnd = nullptr;
+    EXPECT_FALSE(owl::TMsgThread().ProcessAppMsg(msg));
+}
+
+TEST(MessageThread, throws_what_was_thrown_below_a_loop_that_is_not_ours) {
+    owl::TFrameWindow frame(nullptr, "hosted");
+    frame.Create();
+    auto* window = new Thrower(&frame);
+    window->Create();
+    window->PostMessage(WM_USER + 6);
+    MSG msg{};
+    while (::PeekMessageA(&msg, nullptr, 0, 0, PM_REMOVE))
+        ::DispatchMessageA(&msg);
+    EXPECT_THROW(owl::TMsgThread().PumpWaitingMessages(), std::domain_error);
+}
+
 }  // namespace

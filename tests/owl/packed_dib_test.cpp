@@ -266,6 +266,33 @@ TEST(PackedDib, that_is_compressed_otherwise_is_refused) {
               ComplaintOf({1, -1, 8, RunLengths8}));
 }
 
+TEST(DibInfo, is_completed_with_what_a_header_may_leave_out) {
+    Bytes info = Made({2, 3, 4, 0, 0, 0});
+    for (std::uint8_t i = 0; i < 16; ++i)
+        info = Joined(info, {i, 1, 2, 99});
+    const Bytes complete = owl::CompleteDibInfo(info.data());
+    ASSERT_EQ(40u + 64, complete.size());
+    EXPECT_EQ(12u, NumberAt(complete, 20));
+    EXPECT_EQ(16u, NumberAt(complete, 32));
+    EXPECT_EQ((Bytes{15, 1, 2, 0}), Behind(complete, 100));
+}
+
+TEST(DibInfo, of_any_header_is_the_usual_one) {
+    const Bytes core = {12, 0, 0, 0, 2, 0, 1, 0, 1, 0, 1, 0, 1, 2, 3, 4, 5, 6};
+    EXPECT_EQ((Bytes{1, 2, 3, 0, 4, 5, 6, 0}), Behind(owl::CompleteDibInfo(core.data()), 40));
+    Bytes larger = Made({1, 1, 16, BitFields}, 108);
+    larger.resize(108, 0xCC);
+    EXPECT_EQ(Bytes(12, 0xCC), Behind(owl::CompleteDibInfo(larger.data()), 40));
+    const Bytes runs = Made({1, 1, 8, RunLengths8, 77, 1});
+    EXPECT_EQ(77u, NumberAt(owl::CompleteDibInfo(Joined(runs, {1, 2, 3, 4}).data()), 20));
+}
+
+TEST(DibInfo, that_makes_no_sense_is_refused) {
+    EXPECT_THROW(owl::CompleteDibInfo(Made({1, 1, 7}).data()), owl::TXGdi);
+    EXPECT_THROW(owl::CompleteDibInfo(Made({1, 1, 24}, 39).data()), owl::TXGdi);
+    EXPECT_THROW(owl::CompleteDibInfo(Made({1, 1, 24}, 125).data()), owl::TXGdi);
+}
+
 Bytes File(std::uint32_t offset) {
     Bytes bytes = {'B', 'M', 0, 0, 0, 0, 0, 0, 0, 0};
     Put(bytes, offset);

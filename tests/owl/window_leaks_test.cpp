@@ -147,7 +147,7 @@ END_RESPONSE_TABLE;
 
 struct FramesThatFail : OnDesk {
     static constexpr const char* name = "frames_that_cannot_be_created";
-    static constexpr int rounds = 500;
+    static constexpr int rounds = 334;
     using OnDesk::OnDesk;
 
     void Round() {
@@ -157,6 +157,11 @@ struct FramesThatFail : OnDesk {
         RefusedFrame refused;
         Furnish(refused);
         EXPECT_THROW(refused.Create(), owl::TXWindow);
+        // Refused before there is a window, which takes its menu with it.
+        TFrameWindow misplaced(nullptr, "misplaced");
+        Furnish(misplaced);
+        misplaced.Attr.ExStyle = WS_EX_MDICHILD;
+        EXPECT_THROW(misplaced.Create(), owl::TXWindow);
     }
 };
 

@@ -39,6 +39,13 @@ POINT centre_of(HWND window) {
     return {(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2};
 }
 
+// Left of its middle, outside.
+POINT beside(HWND window) {
+    RECT rect{};
+    ::GetWindowRect(window, &rect);
+    return {rect.left - 20, (rect.top + rect.bottom) / 2};
+}
+
 class NotifierTest : public testing::Test {
 protected:
     NotifierTest() {
@@ -113,7 +120,7 @@ TEST_F(NotifierTest, leaves_out_what_has_no_place_of_the_mouse) {
 TEST_F(NotifierTest, finds_the_window_under_the_mouse) {
     ASSERT_TRUE(move_mouse(centre_of(Child().GetHandle())));
     EXPECT_EQ(&child, _notifier->whereIsMouse());
-    ASSERT_TRUE(move_mouse({60 + 10, 50 + 280}));
+    ASSERT_TRUE(move_mouse(beside(child.GetHandle())));
     EXPECT_EQ(desk.frame, _notifier->whereIsMouse());
 }
 

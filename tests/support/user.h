@@ -40,6 +40,14 @@ inline INPUT Mouse(int x, int y, DWORD flags) {
     return input;
 }
 
+// Does what `flags` say where the mouse is.
+inline void SendButton(DWORD flags) {
+    INPUT input{};
+    input.type = INPUT_MOUSE;
+    input.mi.dwFlags = flags;
+    ::SendInput(1, &input, sizeof(INPUT));
+}
+
 }  // namespace detail
 
 /// Presses the keys in their order and lets them go in the opposite one, as a hand does.
@@ -61,6 +69,28 @@ inline void Type(const std::string& text) {
         else
             Press({LOBYTE(key)});
     }
+}
+
+/// Moves the mouse to a point of the screen.
+inline void MoveTo(int x, int y) {
+    std::vector<INPUT> inputs{detail::Mouse(x, y, 0)};
+    detail::Send(inputs);
+}
+
+inline void PressLeft() {
+    detail::SendButton(MOUSEEVENTF_LEFTDOWN);
+}
+
+inline void ReleaseLeft() {
+    detail::SendButton(MOUSEEVENTF_LEFTUP);
+}
+
+inline void PressRight() {
+    detail::SendButton(MOUSEEVENTF_RIGHTDOWN);
+}
+
+inline void ReleaseRight() {
+    detail::SendButton(MOUSEEVENTF_RIGHTUP);
 }
 
 /// Clicks with the left button at a point of the screen.

@@ -1,0 +1,16 @@
+// What the library draws with: ports, tools, rules, shapes.
+#include "gallery.h"
+#include "scenes.h"
+
+int main(int argc, char** argv) {
+    return gallery::Run(
+        argc, argv,
+        {
+            {"drawing-tools", "Pens and brushes: every line and every pattern", &gallery::ShowTools},
+            {"drawing-rules", "Rules: ellipses, lines and a bitmap over two colours", &gallery::ShowRules},
+            {"drawing-shapes", "Shapes: filled with and without a frame, framed, inverted, erased",
+             &gallery::ShowShapes},
+            {"drawing-fonts", "Fonts by points, and text on the background of a brush",
+             &gallery::ShowPortFonts},
+        });
+}
