@@ -12,6 +12,7 @@
 #include "lvx/drawing/metafile.h"
 #include "lvx/drawing/pen.h"
 #include "lvx/drawing/port.h"
+#include "lvx/drawing/printer.h"
 #include "lvx/drawing/region.h"
 #include "lvx/drawing/stock_tools.h"
 #include "lvx/runtime/help_file.h"
