@@ -12,6 +12,7 @@
 #include "owl/printer.h"
 #include "support/vtable_slot.h"
 #include "tests/owl/driven_dialog.h"
+#include "tests/owl/object_counts.h"
 #include "tests/owl/printed.h"
 
 using lvx_test::slot_of;
@@ -502,6 +503,25 @@ TEST_F(PrinterTest, stops_when_a_callback_cancels_the_job) {
     EXPECT_EQ("1 2 ", pages.calls);
     EXPECT_EQ(SP_USERABORT, printer.GetError());
     EXPECT_EQ("", printer.reports);
+}
+
+TEST_F(PrinterTest, leaves_no_objects_behind) {
+    const auto print_all_ways = [&] {
+        EXPECT_TRUE(Print(2));
+        ::DeleteDC(device.CreateICA());
+        pages.draw = [](LVX::Port&, int) { throw std::runtime_error("no such page"); };
+        EXPECT_THROW(Print(2), std::runtime_error);
+        pages.draw = nullptr;
+    };
+    // The system keeps some objects for the next who needs one.
+    for (int i = 0; i < 3; ++i) {
+        print_all_ways();
+    }
+    const owl_test::ObjectCounts before = owl_test::CountObjects();
+    for (int i = 0; i < 30; ++i) {
+        print_all_ways();
+    }
+    EXPECT_EQ(owl_test::ObjectCounts{}, owl_test::Added(before, owl_test::CountObjects()));
 }
 
 // Other ways to a printer
