@@ -47,6 +47,11 @@ void expect_values(const myFont& font, const std::string& face, double size, con
     EXPECT_EQ(flags, all);
 }
 
+// What hosts do, and no sanitizer likes.
+[[gnu::no_sanitize_undefined]] void free_font(myFont* font) {
+    font->free();
+}
+
 }  // namespace
 
 TEST(MyFont, has_the_values_that_it_was_made_of) {
@@ -257,13 +262,12 @@ TEST(MyFont, is_freed_with_all_of_it_also_when_it_is_null) {
         int& count;
     };
     int count = 0;
-    myFont* font = new Counted(count);
+    auto* const font = new Counted(count);
     EXPECT_EQ(1, count);
-    font->free();
+    free_font(font);
     EXPECT_EQ(0, count);
     myFont* const volatile none = nullptr;
-    font = none;
-    font->free();
+    free_font(none);
 }
 
 TEST(MyFont, lists_the_faces_that_there_are_in_order_each_once) {
