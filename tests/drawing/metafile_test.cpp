@@ -183,6 +183,19 @@ TEST(MetaFile, keeps_tools_text_and_lines) {
     EXPECT_NE(std::string::npos, seen.substr(0, seen.size() / 4).find('B')) << "the letter";
 }
 
+TEST(MetaFile, measures_no_text) {
+    LVXMetaFile metafile(300, 200);
+    LVX::Port port(metafile);
+    port.Open();
+    int width = -1;
+    int height = -1;
+    port.textSize("some text", &width, &height);
+    EXPECT_EQ(0, width);
+    EXPECT_EQ(0, height);
+    EXPECT_EQ(0, port.textLineSpace());
+    EXPECT_EQ(0, port.wrtText("some text", 0, 0));
+}
+
 TEST(MetaFile, that_the_system_could_not_keep_has_no_picture) {
     LVXMetaFile metafile(300, 200);
     record(metafile, LVX::Red, 0, 0);
