@@ -3,8 +3,8 @@
 # shellcheck disable=SC2034  # the lists are for the scripts
 
 packages_build=(ca-certificates ccache cmake g++ make ninja-build python3 util-linux)
-packages_linux=("${packages_build[@]}" libgmock-dev libgsf-1-dev libgtest-dev libjpeg-dev libpng-dev
-    libre2-dev pkg-config)
+packages_linux=("${packages_build[@]}" fonts-liberation libfontconfig-dev libgmock-dev libgsf-1-dev libgtest-dev
+    libjpeg-dev libpng-dev libre2-dev pkg-config)
 # The development packages tell which versions the Windows libraries are made from.
 # Ghostscript renders what the tests print.
 packages_windows=("${packages_build[@]}" dpkg-dev fonts-liberation fonts-wine ghostscript googletest libjpeg-dev

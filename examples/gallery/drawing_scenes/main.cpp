@@ -1,4 +1,4 @@
-// What the library draws with: ports, tools, rules, shapes.
+// What the library draws with: ports, tools, rules, shapes, devices.
 #include "gallery.h"
 #include "scenes.h"
 
@@ -12,5 +12,9 @@ int main(int argc, char** argv) {
              &gallery::ShowShapes},
             {"drawing-fonts", "Fonts by points, and text on the background of a brush",
              &gallery::ShowPortFonts},
+            {"drawing-faces",
+             "Faces out of the list of those that there are, every third in italics, and the stock tools",
+             &gallery::ShowFaces},
+            {"drawing-devices", "A drawing on bitmaps and in a metafile", &gallery::ShowDevices},
         });
 }

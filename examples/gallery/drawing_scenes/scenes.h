@@ -1,4 +1,4 @@
-// The scenes of ports, tools and shapes.
+// The scenes of ports, tools, shapes and devices.
 #pragma once
 
 namespace gallery {
@@ -7,5 +7,7 @@ void ShowTools();
 void ShowRules();
 void ShowShapes();
 void ShowPortFonts();
+void ShowFaces();
+void ShowDevices();
 
 }  // namespace gallery
