@@ -97,12 +97,18 @@ void TGadgetWindow::NoteMouse(UINT modifiers, const TPoint& point) {
     gadget->MouseEnter(modifiers, InGadget(*gadget, point));
 }
 
-// The system tells once, and may have told while the mouse was captured, when it did not matter.
+// The system tells once, and may have told while the mouse was captured, when it did not matter. Of a mouse
+// that has gone before it is asked not every system tells.
 void TGadgetWindow::ListenForLeaving() {
     if (m_atMouse == nullptr)
         return;
     TRACKMOUSEEVENT track{sizeof track, TME_LEAVE, GetHandle(), 0};
     ::TrackMouseEvent(&track);
+    TPoint mouse;
+    GetCursorPos(mouse);
+    const HWND below = WindowFromPoint(mouse);
+    if (below != GetHandle() && !IsChild(below))
+        PostMessage(WM_MOUSELEAVE);
 }
 
 void TGadgetWindow::LoseMouse() {

@@ -167,6 +167,23 @@ TEST_F(BarMouse, that_is_let_go_elsewhere_has_left_the_gadget_at_once) {
     desk::PumpUntil([] { return false; }, 100);
 }
 
+// A quick hand has gone before the message of its move is handled.
+TEST_F(BarMouse, leaves_a_gadget_that_it_has_left_before_it_is_told_to_have_come) {
+    bar->HandleMessage(WM_MOUSEMOVE, 0, MAKELPARAM(5, 6));
+    EXPECT_EQ((Calls{"enter 3,4"}), first->Take());
+    EXPECT_TOLD(first, "leave");
+    EXPECT_EQ(nullptr, bar->AtMouse());
+}
+
+TEST_F(BarMouse, leaves_a_gadget_right_behind_a_click) {
+    ASSERT_TRUE(Move(7, 8));
+    EXPECT_TOLD(first, "enter 5,6");
+    mouse::PressLeft();
+    mouse::ReleaseLeft();
+    ASSERT_TRUE(mouse::MoveAway());
+    EXPECT_TOLD(first, "down 5,6", "up 5,6", "leave");
+}
+
 // The hint of a button stayed when the mouse went away after a press that had strayed.
 TEST_F(BarMouse, leaves_a_gadget_though_it_was_away_while_it_was_captured) {
     ASSERT_TRUE(Move(7, 8));
