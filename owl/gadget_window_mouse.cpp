@@ -14,9 +14,11 @@ constexpr TPoint nowhere(-1, -1);
 
 }  // namespace
 
+// Whoever is asked may take itself and others out.
 TGadget* TGadgetWindow::GadgetFromPoint(const TPoint& point) const {
-    for (TGadget* gadget : m_gadgets) {
-        if (gadget->PtIn(InGadget(*gadget, point)))
+    const std::vector<TGadget*> gadgets = m_gadgets;
+    for (TGadget* gadget : gadgets) {
+        if (Holds(gadget) && gadget->PtIn(InGadget(*gadget, point)) && Holds(gadget))
             return gadget;
     }
     return nullptr;
@@ -90,7 +92,7 @@ void TGadgetWindow::NoteMouse(UINT modifiers, const TPoint& point) {
     m_atMouse = nullptr;
     if (former != nullptr)
         former->MouseLeave(modifiers, InGadget(*former, point));
-    if (gadget == nullptr || !Holds(gadget))
+    if (gadget == nullptr || !Holds(gadget) || !IsWindow())
         return;
     m_atMouse = gadget;
     ListenForLeaving();

@@ -361,4 +361,26 @@ TEST_F(BarMouse, is_let_go_when_the_bar_ends_as_an_object) {
     mouse::MoveAway();
 }
 
+// What a bar does about a mouse that has gone without a message.
+TEST_F(BarMouse, has_gone_when_a_move_to_nowhere_is_told) {
+    bar->HandleMessage(WM_MOUSEMOVE, 0, MAKELPARAM(5, 6));
+    EXPECT_EQ(Calls{"enter 3,4"}, first->Take());
+    bar->HandleMessage(WM_MOUSEMOVE, 0, -1);
+    EXPECT_EQ(Calls{"leave"}, first->Take());
+    EXPECT_EQ(nullptr, bar->AtMouse());
+}
+
+TEST_F(BarMouse, is_at_no_gadget_when_the_window_ends_on_its_way) {
+    struct Closer : Probe {
+        void MouseLeave(UINT, const TPoint&) override { GetGadgetWindow()->Destroy(); }
+    };
+    bars.Add(new Closer);
+    bar->HandleMessage(WM_MOUSEMOVE, 0, MAKELPARAM(50, 10));
+    second->Take();
+    bar->HandleMessage(WM_MOUSEMOVE, 0, MAKELPARAM(30, 10));
+    EXPECT_FALSE(bar->IsWindow());
+    EXPECT_EQ(nullptr, bar->AtMouse());
+    EXPECT_EQ(Calls(), second->Take());
+}
+
 }  // namespace
