@@ -12,7 +12,8 @@ namespace {
 
 constexpr const char* program = "Sketch";
 constexpr const char* documents = "Drawings (*.lvx)|*.lvx|All files (*.*)|*.*";
-constexpr const char* pictures = "Pictures (*.bmp; *.dib; *.jpg)|*.bmp;*.dib;*.jpg;*.jpeg|All files (*.*)|*.*";
+constexpr const char* pictures =
+    "Pictures (*.bmp; *.dib; *.jpg)|*.bmp;*.dib;*.jpg;*.jpeg|All files (*.*)|*.*";
 constexpr const char* no_memory = "There is not enough memory.";
 
 }  // namespace
@@ -22,8 +23,10 @@ Frame::Frame() : TFrameWindow(nullptr, program) {
     Attr.AccelTable = IDA_SKETCH;
     SetIcon(GetModule(), IDI_SKETCH);
     m_status = new StatusLine(this);
+    m_status->Attr.Id = IDC_STATUS;
     Insert(*m_status, Bottom);
     m_view = new View(m_document, [this] { ShowState(); });
+    m_view->Attr.Id = IDC_VIEW;
     SetClientWindow(m_view);
 }
 
@@ -33,8 +36,7 @@ void Frame::SetupWindow() {
 }
 
 void Frame::ShowState() {
-    const std::string title =
-        m_document.Title() + (m_document.IsChanged() ? "*" : "") + " - " + program;
+    const std::string title = m_document.Title() + (m_document.IsChanged() ? "*" : "") + " - " + program;
     if (title != GetWindowText()) {
         SetWindowText(title);
     }

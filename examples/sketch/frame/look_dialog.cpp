@@ -15,20 +15,24 @@ struct NamedColour {
 };
 
 constexpr NamedColour colours[] = {
-    {"Black", LVX::Black},          {"White", LVX::White},
-    {"Red", LVX::Red},              {"Green", owl::TColor(0, 128, 0)},
-    {"Blue", LVX::Blue},            {"Yellow", LVX::Yellow},
-    {"Orange", owl::TColor(255, 128, 0)}, {"Cyan", LVX::Cyan},
-    {"Magenta", LVX::Magenta},      {"Light grey", LVX::LightGrey},
+    {"Black", LVX::Black},
+    {"White", LVX::White},
+    {"Red", LVX::Red},
+    {"Green", owl::TColor(0, 128, 0)},
+    {"Blue", LVX::Blue},
+    {"Yellow", LVX::Yellow},
+    {"Orange", owl::TColor(255, 128, 0)},
+    {"Cyan", LVX::Cyan},
+    {"Magenta", LVX::Magenta},
+    {"Light grey", LVX::LightGrey},
     {"Sky", owl::TColor(190, 220, 255)},
 };
 
 // In the order of LineType and of FillPattern.
-constexpr const char* line_styles[] = {"Solid", "Dashed", "Dotted", "Dash dot", "Dash dot dot", "None",
-                                       "Inside"};
-constexpr const char* fill_patterns[] = {"White",      "Solid",    "Dark grey", "Light grey",
-                                         "Grey",       "Lines",    "Columns",   "Falling",
-                                         "Rising",     "Crosses",  "Lozenges"};
+constexpr const char* line_styles[] = {"Solid",        "Dashed", "Dotted", "Dash dot",
+                                       "Dash dot dot", "None",   "Inside"};
+constexpr const char* fill_patterns[] = {"White",   "Solid",   "Dark grey", "Light grey", "Grey",    "Lines",
+                                         "Columns", "Falling", "Rising",    "Crosses",    "Lozenges"};
 
 void Fill(owl::TDialog& dialog, int id, const char* const* names, std::size_t count, int selected) {
     for (std::size_t i = 0; i < count; ++i) {

@@ -58,3 +58,7 @@
 #define IDC_FILLED 223
 #define IDC_FILL_PATTERN 224
 #define IDC_FILL_COLOUR 225
+
+// The parts of the frame.
+#define IDC_VIEW 300
+#define IDC_STATUS 301

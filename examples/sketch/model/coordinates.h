@@ -28,10 +28,13 @@ inline void WritePoint(ObjectStore& store, const owl::TPoint& point) {
     store << static_cast<int>(point.x) << static_cast<int>(point.y);
 }
 
+inline int ReadCoordinate(ObjectStore& store) {
+    return ReadNumber(store, -farthest, farthest, "place of a figure");
+}
+
 inline owl::TPoint ReadPoint(ObjectStore& store) {
-    const int x = ReadNumber(store, -farthest, farthest, "place of a figure");
-    const int y = ReadNumber(store, -farthest, farthest, "place of a figure");
-    return {x, y};
+    const int x = ReadCoordinate(store);
+    return {x, ReadCoordinate(store)};
 }
 
 /// Whether a figure may be moved to where it would have these bounds.

@@ -16,12 +16,11 @@ constexpr int most_figures = 1000000;
 
 // Under the names that stand in documents: they stay, whatever becomes of the classes.
 const ObjectFactoryInit factory;
-const bool registered =
-    (ObjectFactory::Register("sketch::Drawing", Reading::Create<Drawing>),
-     ObjectFactory::Register("sketch::Rectangle", Reading::Create<Rectangle>),
-     ObjectFactory::Register("sketch::Ellipse", Reading::Create<Ellipse>),
-     ObjectFactory::Register("sketch::Polygon", Reading::Create<Polygon>),
-     ObjectFactory::Register("sketch::Picture", Reading::Create<Picture>), true);
+const bool registered = (ObjectFactory::Register("sketch::Drawing", Reading::Create<Drawing>),
+                         ObjectFactory::Register("sketch::Rectangle", Reading::Create<Rectangle>),
+                         ObjectFactory::Register("sketch::Ellipse", Reading::Create<Ellipse>),
+                         ObjectFactory::Register("sketch::Polygon", Reading::Create<Polygon>),
+                         ObjectFactory::Register("sketch::Picture", Reading::Create<Picture>), true);
 
 }  // namespace
 

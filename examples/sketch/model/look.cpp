@@ -31,8 +31,8 @@ void Look::GetFrom(ObjectStore& store) {
     line = static_cast<LineType>(ReadNumber(store, LineSolid, LineInsideFrame, "style of a line"));
     lineColour = ReadColour(store);
     store >> filled;
-    fill = static_cast<FillPattern>(
-        ReadNumber(store, FillBackground, FillDiagonalCross, "pattern of a shape"));
+    fill =
+        static_cast<FillPattern>(ReadNumber(store, FillBackground, FillDiagonalCross, "pattern of a shape"));
     fillColour = ReadColour(store);
 }
 

@@ -88,8 +88,7 @@ PackedBitmap::PackedBitmap(const LVXUtilities::DIBitmap& bitmap) : m_bytes(Block
         throw DocumentError("A picture claims to be larger than what there is of it.");
     }
     m_isPlainColour = headerSize == sizeof(BITMAPINFOHEADER) && (bits == 24 || bits == 32) &&
-                      CompressionOf(m_bytes) == BI_RGB && m_pixelsAt == headerSize &&
-                      bitmap.GetHeight() > 0;
+                      CompressionOf(m_bytes) == BI_RGB && m_pixelsAt == headerSize && bitmap.GetHeight() > 0;
 }
 
 }  // namespace sketch

@@ -50,8 +50,10 @@ owl::TRect PictureFrame::SkewedRect() const {
     const bool upper = skew.corner == UpperLeft || skew.corner == UpperRight;
     // A corner that is pulled inward leaves the frame as it is.
     return {left ? std::min(skew.dx, 0) : 0, upper ? std::min(skew.dy, 0) : 0,
-            left ? static_cast<int>(size.cx) : std::max(static_cast<int>(size.cx) + skew.dx, static_cast<int>(size.cx)),
-            upper ? static_cast<int>(size.cy) : std::max(static_cast<int>(size.cy) + skew.dy, static_cast<int>(size.cy))};
+            left ? static_cast<int>(size.cx)
+                 : std::max(static_cast<int>(size.cx) + skew.dx, static_cast<int>(size.cx)),
+            upper ? static_cast<int>(size.cy)
+                  : std::max(static_cast<int>(size.cy) + skew.dy, static_cast<int>(size.cy))};
 }
 
 Place PictureFrame::SkewedMiddle() const {

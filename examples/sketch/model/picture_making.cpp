@@ -19,6 +19,13 @@ namespace Rectangles = LVXUtilities::Rectangles;
 
 constexpr std::int64_t most_pixels = 64 * 1024 * 1024;
 
+bool DrawOn(const owl::TBitmap& target, const PackedBitmap& packed) {
+    owl::TMemoryDC dc;
+    dc.SelectObject(target);
+    const owl::TRect all(0, 0, packed.Width(), packed.Height());
+    return dc.StretchDIBits(all, all, packed.Bits(), packed.Info());
+}
+
 // A picture of 24 bits in memory that is drawn on.
 class Section {
 public:
@@ -32,12 +39,7 @@ public:
         }
     }
 
-    void Draw(const PackedBitmap& packed) {
-        owl::TMemoryDC dc;
-        dc.SelectObject(m_bitmap);
-        const owl::TRect all(0, 0, packed.Width(), packed.Height());
-        dc.StretchDIBits(all, all, packed.Bits(), packed.Info());
-    }
+    bool Draw(const PackedBitmap& packed) { return DrawOn(m_bitmap, packed); }
 
     Bitmap ToBitmap() const {
         BITMAP section;
@@ -68,7 +70,9 @@ Bitmap PlainColour(const Bitmap& bitmap) {
         return bitmap;
     }
     Section section(packed.Width(), packed.Height());
-    section.Draw(packed);
+    if (!section.Draw(packed)) {
+        throw DocumentError("The system cannot draw a picture.");
+    }
     return section.ToBitmap();
 }
 
@@ -95,13 +99,11 @@ Bitmap Shared(Pointer made) {
 
 std::shared_ptr<owl::TBitmap> ForScreen(const DIBitmap& bitmap) {
     const PackedBitmap packed(bitmap);
-    const owl::TScreenDC screen;
-    const HBITMAP handle = ::CreateDIBitmap(screen, &packed.Info()->bmiHeader, CBM_INIT, packed.Bits(),
-                                            packed.Info(), DIB_RGB_COLORS);
-    if (handle == nullptr) {
+    auto result = std::make_shared<owl::TBitmap>(owl::TScreenDC(), packed.Width(), packed.Height());
+    if (!DrawOn(*result, packed)) {
         throw DocumentError("The system cannot draw a picture.");
     }
-    return std::make_shared<owl::TBitmap>(handle, owl::AutoDelete);
+    return result;
 }
 
 Bitmap Skewed(const Bitmap& bitmap, const Skew& skew) {

@@ -9,15 +9,22 @@ namespace sketch {
 void Polygon::PutTo(ObjectStore& store) const {
     store << static_cast<int>(m_corners.size());
     for (const owl::TPoint& corner : m_corners) {
-        WritePoint(store, corner);
+        store << static_cast<int>(corner.x);
+    }
+    for (const owl::TPoint& corner : m_corners) {
+        store << static_cast<int>(corner.y);
     }
     m_look.PutTo(store);
 }
 
 void Polygon::GetFrom(ObjectStore& store) {
-    m_corners.clear();
-    for (int left = ReadNumber(store, 2, most_corners, "number of a polygon's corners"); left > 0; --left) {
-        m_corners.push_back(ReadPoint(store));
+    const int count = ReadNumber(store, 2, most_corners, "number of a polygon's corners");
+    m_corners.assign(static_cast<std::size_t>(count), owl::TPoint());
+    for (owl::TPoint& corner : m_corners) {
+        corner.x = ReadCoordinate(store);
+    }
+    for (owl::TPoint& corner : m_corners) {
+        corner.y = ReadCoordinate(store);
     }
     m_look.GetFrom(store);
 }

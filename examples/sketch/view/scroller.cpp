@@ -9,6 +9,11 @@ constexpr int line_way = 20;
 // Around what there is: one can see that it ends.
 constexpr int margin = 24;
 
+// The sheet begins at 0 unless something lies beyond.
+int WithMargin(int least) {
+    return least < 0 ? least - margin : 0;
+}
+
 owl::TSize WholeSize(HWND window) {
     RECT rect{};
     ::GetWindowRect(window, &rect);
@@ -39,8 +44,8 @@ int TrackedPosition(HWND window, int bar) {
 bool Scroller::Fit(HWND window, const owl::TRect& contents) {
     // The bars come and go by themselves. Whether they take room must not decide about that.
     m_page = WholeSize(window);
-    m_area = owl::TRect(std::min<int>(0, contents.left - margin), std::min<int>(0, contents.top - margin),
-                        contents.right + margin, contents.bottom + margin);
+    m_area = owl::TRect(WithMargin(contents.left), WithMargin(contents.top), contents.right + margin,
+                        contents.bottom + margin);
     return MoveTo(window, m_origin);
 }
 

@@ -12,7 +12,8 @@ namespace sketch {
 
 class Sheet : public LVX::Device {
 public:
-    /// Makes the sheet that large, at least a pixel a side; what is on it may be lost. Requires: nobody draws.
+    /// Makes the sheet that large, at least a pixel a side; what is on it may be lost. Requires: nobody
+    /// draws.
     void Resize(const owl::TSize& size);
 
     /// Null before the first Resize.

@@ -27,8 +27,8 @@ void View::AddPicture(const std::string& file) {
     const owl::TRect seen = Visible();
     const auto picture = std::make_shared<Picture>(LoadPicture(file), PictureName(file), owl::TPoint());
     const owl::TRect bounds = picture->Bounds();
-    picture->MoveBy({(seen.left + seen.right - bounds.Width()) / 2,
-                     (seen.top + seen.bottom - bounds.Height()) / 2});
+    picture->MoveBy(
+        {(seen.left + seen.right - bounds.Width()) / 2, (seen.top + seen.bottom - bounds.Height()) / 2});
     Add(picture);
 }
 
