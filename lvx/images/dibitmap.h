@@ -181,6 +181,8 @@ public:
     static bool FixUp;
 
 private:
+    friend class GLBitmap;
+
     LVX_HIDDEN void ReplaceByFile(std::uint64_t size);
     LVX_HIDDEN std::uint64_t GetClrTabOffset() const;
     LVX_HIDDEN std::uint64_t GetBitsOffset() const;

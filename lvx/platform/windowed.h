@@ -11,6 +11,7 @@
 #include "lvx/drawing/pen.h"
 #include "lvx/drawing/port.h"
 #include "lvx/drawing/region.h"
+#include "lvx/images/gl_bitmap.h"
 #include "lvx/runtime/help_file.h"
 #include "lvx/runtime/notifier.h"
 #include "lvx/runtime/wait_cursor.h"
