@@ -26,6 +26,14 @@
 #include "lvx/text/ownership.h"
 #include "owl/geometry.h"
 
+class LVXRegion;
+
+namespace owl {
+class TBitmap;
+class TDC;
+class TPalette;
+}  // namespace owl
+
 namespace LVXUtilities {
 
 class LVX_EXPORT DIBitmap : public virtual Storable {
@@ -148,11 +156,44 @@ public:
     /// for looking at where that is. There is no way back.
     static void DebugSkew();
 
+    // Onto a device, in dibitmap_render.cpp. On Windows only. What a block lacks of what its header claims is
+    // drawn as zeros; one that claims far more than it has is not drawn. Each throws std::bad_alloc.
+
+    /// A bitmap with the depth of `dc`. Null for an empty image and where the system refuses to make one, as
+    /// for a metafile.
+    lvx::auto_ptr<owl::TBitmap> MakeBitmap(const owl::TDC& dc) const;
+
+    /// The colours of the table, in its order, the masks of bit fields among them; of a picture of 24 bits
+    /// without a table 256 that are spread over all. Null for any other picture, after a core header, for an
+    /// empty image, and where the system refuses to make one, as of more than 65535.
+    lvx::auto_ptr<owl::TPalette> MakePalette() const;
+
+    /// Draws the part `src` of the picture to `dest`, stretched by the context's stretching mode and mixed by
+    /// `rop`, as owl::TDC::StretchDIBits does. With `clip`, whose region has to be there (LVXRegion::
+    /// GetRegion), only inside of it, in device units; afterwards the context has no clip region, whatever it
+    /// had before. While `clip` has no region nothing is clipped. What fails is not told.
+    void StretchDIBits(owl::TDC& dc, const owl::TRect& dest, const owl::TRect& src, unsigned long rop,
+                       LVXRegion* clip) const;
+
+    /// The same, turned about the upper left corner of `dest` by the angle of that `cosine` and `sine`,
+    /// against the clock as it is seen. `dest` is in device units; its size is normal whatever its sign.
+    /// Afterwards the context is in the compatible graphics mode and has no world transform, whatever it had
+    /// before. A metafile of the older kind knows no turn: the picture lies there at the origin, upright.
+    void StretchDIBits(owl::TDC& dc, const owl::TRect& dest, const owl::TRect& src, double cosine,
+                       double sine, unsigned long rop, LVXRegion* clip) const;
+
+    /// Draws the part `src` to `dest`, each pixel as opaque as its fourth byte says, by which its colours
+    /// have been multiplied already. `src` is counted from the upper left. The picture has 32 bits, and so
+    /// does the context; else the system draws nothing. What fails is not told.
+    void AlphaBlend(owl::TDC& dc, const owl::TRect& dest, const owl::TRect& src) const;
+
     /// While true, GetFrom makes the block 24 bytes longer than what is stored, with zeros. False at start;
     /// only the host sets it.
     static bool FixUp;
 
 private:
+    friend class GLBitmap;
+
     LVX_HIDDEN void ReplaceByFile(std::uint64_t size);
     LVX_HIDDEN std::uint64_t GetClrTabOffset() const;
     LVX_HIDDEN std::uint64_t GetBitsOffset() const;

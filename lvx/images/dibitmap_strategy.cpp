@@ -1,13 +1,27 @@
 #include "lvx/images/dibitmap_strategy.h"
 
+#include <vector>
+
 #include "lvx/images/block.h"
+#include "lvx/images/block_layout.h"
 #include "lvx/images/colour_table.h"
+#include "lvx/images/palette_colours.h"
 #include "lvx/platform/bitmap_headers.h"
 
 namespace LVXUtilities {
 namespace {
 
 using lvx::images::read_field;
+
+constexpr int depth_of_any_colour = 24;
+
+// The colour table behind a long header, as far as the block has it.
+std::vector<lvx::images::PaletteColour> colours_of(HGLOBAL block, std::uint32_t entries) {
+    const GlobalLocker<unsigned char> lock(block);
+    const lvx::images::BlockBytes bytes{lock.get(), GlobalSize(block)};
+    const lvx::images::BlockBytes table = bytes.From(lvx::images::header_size(block));
+    return lvx::images::table_colours(table.start, table.size, entries);
+}
 
 class CoreStrategy final : public DIBitmap::Strategy {
 public:
@@ -28,6 +42,7 @@ public:
     std::uint64_t GetClrTabSize(HGLOBAL block) const override {
         return std::uint64_t{GetClrTabEntries(block)} * sizeof(RGBTRIPLE);
     }
+    lvx::auto_ptr<lvx::platform::Palette> MakePalette(HGLOBAL) const override { return {}; }
 };
 
 struct InfoFields {
@@ -72,6 +87,16 @@ public:
     }
     std::uint64_t GetClrTabSize(HGLOBAL block) const override {
         return std::uint64_t{GetClrTabEntries(block)} * sizeof(RGBQUAD);
+    }
+    lvx::auto_ptr<lvx::platform::Palette> MakePalette(HGLOBAL block) const override {
+        const std::uint32_t entries = GetClrTabEntries(block);
+        if (entries != 0) {
+            return lvx::platform::make_palette(colours_of(block, entries));
+        }
+        if (GetBitsPerPixel(block) == depth_of_any_colour) {
+            return lvx::platform::make_palette(lvx::images::spread_colours());
+        }
+        return {};
     }
 };
 

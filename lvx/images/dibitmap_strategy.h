@@ -9,6 +9,7 @@
 
 #include "lvx/images/dibitmap.h"
 #include "lvx/platform/global_memory.h"
+#include "lvx/platform/palette.h"
 
 namespace LVXUtilities {
 
@@ -22,7 +23,9 @@ public:
     virtual std::uint32_t GetClrTabEntries(HGLOBAL block) const = 0;
     /// In bytes, as the header has it: the block may be shorter.
     virtual std::uint64_t GetClrTabSize(HGLOBAL block) const = 0;
-    // Last comes MakePalette, with the framework whose palette it makes.
+    /// The colours of the table, in its order; of a picture of 24 bits without one 256 that are spread over
+    /// all. Null for any other picture, for one behind a core header, and on systems without palettes.
+    virtual lvx::auto_ptr<lvx::platform::Palette> MakePalette(HGLOBAL block) const = 0;
 
     /// The reader that fits the block's first word; for a null block the one for long headers.
     static const Strategy& Select(HGLOBAL block);

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "hoard.h"
 #include "letter_picture.h"
 #include "message_window.h"
 #include "owl/bitmap.h"
@@ -33,39 +34,8 @@ using owl::TColor;
 using owl::TRect;
 using owl::TRegion;
 using owl::TSize;
+using owl_test::Hoard;
 using owl_test::Surface;
-
-/// All the objects that the system still has, but for some.
-class Hoard {
-public:
-    explicit Hoard(std::size_t left) {
-        TakeAll();
-        for (std::size_t i = 0; i < left && !m_pens.empty(); ++i)
-            GiveOne();
-    }
-    ~Hoard() {
-        while (!m_pens.empty())
-            GiveOne();
-    }
-    Hoard(const Hoard&) = delete;
-    Hoard& operator=(const Hoard&) = delete;
-
-    /// Takes what is left and tells how many that were.
-    std::size_t TakeAll() {
-        const std::size_t before = m_pens.size();
-        while (const HPEN pen = ::CreatePen(PS_SOLID, 1, 0))
-            m_pens.push_back(pen);
-        return m_pens.size() - before;
-    }
-
-private:
-    void GiveOne() {
-        ::DeleteObject(m_pens.back());
-        m_pens.pop_back();
-    }
-
-    std::vector<HPEN> m_pens;
-};
 
 /// Does what it does; false if the framework said that it could not.
 bool Succeeds(const std::function<bool()>& action) {
