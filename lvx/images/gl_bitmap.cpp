@@ -186,24 +186,23 @@ bool GLBitmap::TexMapScalePow2() {
 }
 
 void GLBitmap::DrawPixels() const {
-    GLint alignment = 0;
-    glGetIntegerv(GL_UNPACK_ALIGNMENT, &alignment);
-    check();
-    glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
-    check();
-    if (m_bits != nullptr) {
-        glDrawPixels(m_width, m_height, m_format, GL_UNSIGNED_BYTE, m_bits);
-        check();
+    if (m_bits == nullptr) {
+        return;
     }
-    glPixelStorei(GL_UNPACK_ALIGNMENT, alignment);
+    const TightRows rows;
+    glDrawPixels(m_width, m_height, m_format, GL_UNSIGNED_BYTE, m_bits);
     check();
 }
 
 void GLBitmap::TexImage2D() const {
     constexpr GLint components = 3;
+    {
+        const TightRows rows;
+        glTexImage2D(GL_TEXTURE_2D, 0, components, m_width, m_height, 0, m_format, GL_UNSIGNED_BYTE, m_bits);
+        check();
+    }
+    // Hosts upload more of their own behind it.
     glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
-    check();
-    glTexImage2D(GL_TEXTURE_2D, 0, components, m_width, m_height, 0, m_format, GL_UNSIGNED_BYTE, m_bits);
     check();
 }
 

@@ -60,9 +60,10 @@ public:
     /// context can. False, and nothing changed, without a context, memory or a size.
     bool TexMapScalePow2();
 
-    /// Draws at the raster position. The context's alignment of rows is the same afterwards.
+    /// Draws at the raster position. The context's way of reading rows does not matter and stays as it was.
     void DrawPixels() const;
-    /// Makes it the texture that is bound to GL_TEXTURE_2D. The context's alignment of rows is 1 afterwards.
+    /// Makes it the texture that is bound to GL_TEXTURE_2D. The same, but that the context's alignment of
+    /// rows is 1 afterwards.
     void TexImage2D() const;
 
     /// In pixels, of the buffer.

@@ -326,6 +326,28 @@ TEST_F(GlBitmap, is_seen_as_a_texture) {
     EXPECT_EQ(lower + lower + upper + upper, shown(4, 4));
 }
 
+// With such rows OpenGL reads far behind the buffer.
+TEST_F(GlBitmap, is_drawn_and_becomes_a_texture_whatever_the_host_does_with_its_own_rows) {
+    begin_scene();
+    glRasterPos2i(0, 0);
+    const GLBitmap bitmap(shaded(2, 4), GLBitmap::TranslateSelf);
+    const GLenum modes[] = {GL_UNPACK_ROW_LENGTH, GL_UNPACK_SKIP_ROWS, GL_UNPACK_SKIP_PIXELS};
+    for (const GLenum mode : modes) {
+        glPixelStorei(mode, 3);
+    }
+    bitmap.DrawPixels();
+    EXPECT_EQ(tight(2, 4), shown(2, 4));
+    bitmap.TexImage2D();
+    std::string texels(2 * 4 * 3, '?');
+    glGetTexImage(GL_TEXTURE_2D, 0, GL_RGB, GL_UNSIGNED_BYTE, texels.data());
+    EXPECT_EQ(tight(2, 4), texels);
+    for (const GLenum mode : modes) {
+        GLint found = 0;
+        glGetIntegerv(mode, &found);
+        EXPECT_EQ(3, found) << mode;
+    }
+}
+
 // An error of the host's own, or of a call that is refused here, is taken and kept from nobody's picture.
 TEST_F(GlBitmap, takes_the_errors_of_opengl) {
     glBegin(static_cast<GLenum>(0x7777));
