@@ -14,7 +14,7 @@ packages_windows_x86=("${packages_windows[@]}" debootstrap g++-mingw-w64-i686-po
 packages_gallery=("${packages_windows_x64[@]}" imagemagick)
 packages_gates=("${packages_linux[@]}" clang-format-14 clang-tidy-14 git shellcheck)
 packages_bench=("${packages_linux[@]}" flex libbenchmark-dev libboost-serialization-dev libcereal-dev libglib2.0-dev
-    libpcre2-dev libsdl2-dev libsimpleini-dev libstb-dev)
+    libleptonica-dev libopencv-imgproc-dev libpcre2-dev libsdl2-dev libsimpleini-dev libstb-dev)
 packages_coverage=("${packages_linux[@]}" clang-14 libclang-rt-14-dev llvm-14)
 packages_fuzz=("${packages_linux[@]}" clang-14 libclang-rt-14-dev)
 

@@ -35,34 +35,30 @@ protected:
         ASSERT_NE(nullptr, m_frame);
         ASSERT_TRUE(m_program.Owns(m_frame));
         ASSERT_TRUE(user::WaitUntilInFront(m_frame));
-        ::MoveWindow(m_frame, 100, 100, 360, 200, TRUE);
         m_line = ::FindWindowExA(m_frame, nullptr, "STATIC", nullptr);
     }
 
     static void MoveAway() { user::MoveTo(::GetSystemMetrics(SM_CXSCREEN) - 2, 2); }
-    void Point(int x, int y = 14) const {
+    POINT OnScreen(int x, int y) const {
         POINT point{x, y};
         ::ClientToScreen(m_frame, &point);
-        user::MoveTo(point.x, point.y);
+        return point;
     }
+    void Point(int x, int y = 14) const { user::MoveTo(OnScreen(x, y).x, OnScreen(x, y).y); }
     /// Rests the mouse on a button, having moved there.
     void Rest(int button) const {
         Point(button - 1);
         ::Sleep(100);
         Point(button);
     }
-    void Click(int button) const {
-        Point(button);
-        user::PressLeft();
-        user::ReleaseLeft();
-    }
+    void Press(int x, int y = 14) const { user::PressLeft(OnScreen(x, y).x, OnScreen(x, y).y); }
+    void Release(int x, int y = 14) const { user::ReleaseLeft(OnScreen(x, y).x, OnScreen(x, y).y); }
+    void Click(int button) const { user::Click(OnScreen(button, 14).x, OnScreen(button, 14).y); }
 
     /// The colour of a pixel of the client area on the screen.
     COLORREF At(int x, int y) const {
-        POINT point{x, y};
-        ::ClientToScreen(m_frame, &point);
         const HDC screen = ::GetDC(nullptr);
-        const COLORREF colour = ::GetPixel(screen, point.x, point.y);
+        const COLORREF colour = ::GetPixel(screen, OnScreen(x, y).x, OnScreen(x, y).y);
         ::ReleaseDC(nullptr, screen);
         return colour;
     }
@@ -118,23 +114,20 @@ TEST_F(Toolbar, draws_a_button_as_pressed_while_the_mouse_holds_it) {
         return WaitUntil([&] { return At(green_button, 2) == colour; });
     };
     EXPECT_TRUE(upperEdgeIs(light));
-    Point(green_button);
-    user::PressLeft();
+    Press(green_button);
     EXPECT_TRUE(upperEdgeIs(shadow));
     Point(200, 80);
     EXPECT_TRUE(upperEdgeIs(light));
     Point(green_button);
     EXPECT_TRUE(upperEdgeIs(shadow));
-    user::ReleaseLeft();
+    Release(green_button);
     EXPECT_TRUE(upperEdgeIs(light));
     EXPECT_TRUE(IsFilled(green));
 }
 
 TEST_F(Toolbar, takes_a_press_back_that_is_let_go_elsewhere) {
-    Point(green_button);
-    user::PressLeft();
-    Point(200, 80);
-    user::ReleaseLeft();
+    Press(green_button);
+    Release(200, 80);
     Click(blue_button);
     EXPECT_TRUE(IsFilled(blue));
 }
@@ -145,6 +138,17 @@ TEST_F(Toolbar, tells_what_a_button_does_while_the_mouse_is_there) {
     Point(clear_button);
     EXPECT_TRUE(LineSays("Takes the colour off the window"));
     MoveAway();
+    EXPECT_TRUE(LineSays(""));
+}
+
+TEST_F(Toolbar, tells_nothing_more_when_the_mouse_goes_right_behind_a_click) {
+    Click(green_button);
+    MoveAway();
+    EXPECT_TRUE(IsFilled(green));
+    EXPECT_TRUE(LineSays(""));
+    Click(blue_button);
+    MoveAway();
+    EXPECT_TRUE(IsFilled(blue));
     EXPECT_TRUE(LineSays(""));
 }
 

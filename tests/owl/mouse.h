@@ -9,13 +9,15 @@
 
 namespace mouse {
 
-using user::PressLeft;
-using user::PressRight;
-using user::ReleaseLeft;
-using user::ReleaseRight;
+namespace detail {
+
+inline owl::TPoint place;
+
+}  // namespace detail
 
 /// Moves the mouse on the screen and waits until the system knows it there.
 inline bool MoveTo(const owl::TPoint& point) {
+    detail::place = point;
     user::MoveTo(point.x, point.y);
     return desk::PumpUntil([&] {
         owl::TPoint now;
@@ -28,6 +30,24 @@ inline bool MoveTo(const owl::TPoint& point) {
 inline bool MoveTo(const owl::TWindow& window, owl::TPoint point) {
     window.ClientToScreen(point);
     return MoveTo(point);
+}
+
+// Buttons, where the mouse was moved to last.
+
+inline void PressLeft() {
+    user::PressLeft(detail::place.x, detail::place.y);
+}
+
+inline void ReleaseLeft() {
+    user::ReleaseLeft(detail::place.x, detail::place.y);
+}
+
+inline void PressRight() {
+    user::PressRight(detail::place.x, detail::place.y);
+}
+
+inline void ReleaseRight() {
+    user::ReleaseRight(detail::place.x, detail::place.y);
 }
 
 /// Where nothing of the tests is.

@@ -40,12 +40,9 @@ inline INPUT Mouse(int x, int y, DWORD flags) {
     return input;
 }
 
-// Does what `flags` say where the mouse is.
-inline void SendButton(DWORD flags) {
-    INPUT input{};
-    input.type = INPUT_MOUSE;
-    input.mi.dwFlags = flags;
-    ::SendInput(1, &input, sizeof(INPUT));
+inline void SendMouse(int x, int y, DWORD flags) {
+    std::vector<INPUT> inputs{Mouse(x, y, flags)};
+    Send(inputs);
 }
 
 }  // namespace detail
@@ -73,24 +70,24 @@ inline void Type(const std::string& text) {
 
 /// Moves the mouse to a point of the screen.
 inline void MoveTo(int x, int y) {
-    std::vector<INPUT> inputs{detail::Mouse(x, y, 0)};
-    detail::Send(inputs);
+    detail::SendMouse(x, y, 0);
 }
 
-inline void PressLeft() {
-    detail::SendButton(MOUSEEVENTF_LEFTDOWN);
+/// Presses a button there, or lets it go.
+inline void PressLeft(int x, int y) {
+    detail::SendMouse(x, y, MOUSEEVENTF_LEFTDOWN);
 }
 
-inline void ReleaseLeft() {
-    detail::SendButton(MOUSEEVENTF_LEFTUP);
+inline void ReleaseLeft(int x, int y) {
+    detail::SendMouse(x, y, MOUSEEVENTF_LEFTUP);
 }
 
-inline void PressRight() {
-    detail::SendButton(MOUSEEVENTF_RIGHTDOWN);
+inline void PressRight(int x, int y) {
+    detail::SendMouse(x, y, MOUSEEVENTF_RIGHTDOWN);
 }
 
-inline void ReleaseRight() {
-    detail::SendButton(MOUSEEVENTF_RIGHTUP);
+inline void ReleaseRight(int x, int y) {
+    detail::SendMouse(x, y, MOUSEEVENTF_RIGHTUP);
 }
 
 /// Clicks with the left button at a point of the screen.

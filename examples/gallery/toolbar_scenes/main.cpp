@@ -9,14 +9,19 @@ class Toolbar : public gallery::ShownProgram {
 public:
     Toolbar() : ShownProgram("toolbar.exe", "Toolbar") {}
 
-    /// Moves the mouse to the green button.
-    void Point() const {
+    /// The middle of the green button, on the screen.
+    POINT Green() const {
         POINT middle{38, 14};
         ::ClientToScreen(Frame(), &middle);
+        return middle;
+    }
+    /// Lets the mouse rest there until the tip shows.
+    HWND Rest() const {
         // Two moves: a tip comes where the mouse has moved to and then rests.
-        user::MoveTo(middle.x - 1, middle.y);
+        user::MoveTo(Green().x - 1, Green().y);
         ::Sleep(100);
-        user::MoveTo(middle.x, middle.y);
+        user::MoveTo(Green().x, Green().y);
+        return WaitFor("tooltips_class32", nullptr);
     }
     void Pose() const { gallery::Pose(gallery::PlaceOf(Frame())); }
 };
@@ -28,24 +33,24 @@ void ShowRest() {
 
 void ShowTip() {
     const Toolbar toolbar;
-    toolbar.Point();
-    toolbar.WaitFor("tooltips_class32", nullptr);
+    toolbar.Rest();
     toolbar.Pose();
 }
 
 void ShowPressed() {
     const Toolbar toolbar;
-    toolbar.Point();
-    user::PressLeft();
+    const HWND tip = toolbar.Rest();
+    user::PressLeft(toolbar.Green().x, toolbar.Green().y);
+    user::WaitUntil([&] { return !::IsWindowVisible(tip); });
     toolbar.Pose();
-    user::ReleaseLeft();
+    user::ReleaseLeft(0, 0);
 }
 
 void ShowPainted() {
     const Toolbar toolbar;
-    toolbar.Point();
-    user::PressLeft();
-    user::ReleaseLeft();
+    user::Click(toolbar.Green().x, toolbar.Green().y);
+    // A display may tell of the first move again, behind a second one that comes at once.
+    ::Sleep(300);
     user::MoveTo(0, 0);
     toolbar.Pose();
 }
