@@ -236,6 +236,24 @@ TEST_F(ControlBar, shows_the_tips_of_its_controls_too) {
     EXPECT_EQ("Save", TextOfTip());
 }
 
+// They were gone as soon as the frame got another size.
+TEST_F(ControlBar, keeps_the_tools_of_others_when_it_is_laid_out) {
+    TTooltip& tooltip = *bar->GetTooltip();
+    const HWND field = ::CreateWindowExA(0, "EDIT", "", WS_CHILD | WS_VISIBLE, 100, 0, 50, 18,
+                                         bar->GetHandle(), nullptr, nullptr, nullptr);
+    ASSERT_TRUE(tooltip.AddTool(*bar, field, "field"));
+    ASSERT_TRUE(tooltip.AddTool(*frame, TRect(0, 100, 50, 150), CM_GADGET_SAVE, "corner"));
+    EXPECT_EQ(4U, tooltip.NumTools());
+    bar->LayoutSession();
+    bar->MoveWindow(0, 0, 250, 20);
+    EXPECT_EQ(4U, tooltip.NumTools());
+    delete print;
+    EXPECT_EQ(3U, tooltip.NumTools());
+    bar->Destroy();
+    bar->Create();
+    EXPECT_EQ(1U, tooltip.NumTools());
+}
+
 TEST_F(ControlBar, in_a_modal_dialog_shows_tips_and_gives_commands) {
     BarDialog dialog(frame);
     EXPECT_EQ(CM_GADGET_SAVE, dialog.Execute());
