@@ -16,8 +16,13 @@ bool Stretch(HDC dc, const TRect& dest, const TRect& src, const void* bits, cons
                            src.Width(), src.Height(), bits, info, usage, rop) != 0;
 }
 
-/// Into a metafile, of which some platforms keep only as many colours and bytes as the header counts: those
-/// that it may leave out are lost.
+bool IsMetaFile(HDC dc) {
+    const DWORD type = ::GetObjectType(dc);
+    return type == OBJ_METADC || type == OBJ_ENHMETADC;
+}
+
+/// Into a metafile. Some platforms keep only as many colours and bytes there as the header counts: where it
+/// counts none, as it may, they are lost, and looked for in vain when it is played.
 bool Record(HDC dc, const TRect& dest, const TRect& src, const void* bits, const BITMAPINFO* info,
             unsigned long rop) try {
     const std::vector<std::uint8_t> complete = CompleteDibInfo(reinterpret_cast<const std::uint8_t*>(info));
@@ -64,7 +69,7 @@ bool TDC::StretchDIBits(const TRect& dest, const TRect& src, const void* bits, c
         return false;
     if (NeedsTurnedPictures(m_handle))
         return StretchTurnedDIBits(m_handle, dest, src, bits, info, usage, rop);
-    if (usage == DIB_RGB_COLORS && ::GetObjectType(m_handle) == OBJ_METADC)
+    if (usage == DIB_RGB_COLORS && IsMetaFile(m_handle))
         return Record(m_handle, dest, src, bits, info, rop);
     return Stretch(m_handle, dest, src, bits, info, usage, rop);
 }

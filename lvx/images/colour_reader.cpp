@@ -33,7 +33,7 @@ ColourReader::Field ColourReader::FieldOf(std::uint32_t mask) {
         return {0, 0, 0, 0};
     }
     const int shift = std::countr_zero(mask);
-    const int bits = std::bit_width(mask) - shift;
+    const int bits = static_cast<int>(std::bit_width(mask)) - shift;
     Field field{mask, shift, 1, bits - 8};
     for (int filled = bits; filled < 8; filled += bits) {
         field.repeat = field.repeat << bits | 1;

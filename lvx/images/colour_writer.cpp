@@ -27,7 +27,7 @@ std::uint32_t field_of(std::uint32_t component, std::uint32_t mask) {
         return 0;
     }
     const int shift = std::countr_zero(mask);
-    const int bits = std::bit_width(mask) - shift;
+    const int bits = static_cast<int>(std::bit_width(mask)) - shift;
     return component * 0x01010101u >> (32 - bits) << shift & mask;
 }
 

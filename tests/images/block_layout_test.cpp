@@ -70,10 +70,23 @@ TEST(BlockLayout, of_a_negative_width_has_no_columns) {
 TEST(BlockLayout, reads_as_0_what_the_block_lacks) {
     const BlockLayout layout = layout_of(Info{.width = 5, .height = 4}.Header().substr(0, 10));
     EXPECT_EQ(5u, layout.width);
-    EXPECT_EQ(4u, layout.rows);
+    EXPECT_EQ(0u, layout.rows);
     EXPECT_EQ(0u, layout.stride);
     EXPECT_EQ(0u, lvx::images::layout_of(nullptr, 0).size);
     EXPECT_EQ(0u, lvx::images::layout_of(nullptr, 0).rows);
+}
+
+TEST(BlockLayout, reads_as_0_a_field_that_is_cut) {
+    const std::string header =
+        Info{.width = 0x01010101, .height = 0x01010101, .depth = 24, .used = 0x01010101}.Header();
+    for (std::size_t size = 0; size <= header.size(); ++size) {
+        const std::size_t whole = size == 13 || size == 12   ? 12
+                                  : size == 14 || size == 15 ? 14
+                                                             : size / 4 * 4;
+        std::string expected = header.substr(0, whole) + std::string(40 - whole, '\0');
+        expected.replace(0, 4, lvx_test::little_endian(40, 4));
+        EXPECT_BYTES(expected, header_bytes(layout_of(header.substr(0, size)))) << size;
+    }
 }
 
 TEST(BlockLayout, believes_what_is_small_or_there) {

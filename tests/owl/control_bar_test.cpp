@@ -74,8 +74,7 @@ public:
         if (!tipShows || !tip.empty())
             return;
         tip = m_bar->GetTooltip()->GetWindowText();
-        mouse::PressLeft();
-        mouse::ReleaseLeft();
+        user::Click(m_place.x, m_place.y);
     }
     void CmSave() { EndModal(CM_GADGET_SAVE); }
 
@@ -84,12 +83,13 @@ public:
     DECLARE_RESPONSE_TABLE(BarDialog);
 
     void MoveMouse(int x) {
-        TPoint point(x, 10);
-        m_bar->ClientToScreen(point);
-        ::SetCursorPos(point.x, point.y);
+        m_place = TPoint(x, 10);
+        m_bar->ClientToScreen(m_place);
+        user::MoveTo(m_place.x, m_place.y);
     }
     TControlBar* m_bar;
     Button* m_button;
+    TPoint m_place;
     int m_ticks = 0;
 };
 
@@ -199,6 +199,15 @@ TEST_F(ControlBar, hides_the_tip_when_the_mouse_goes_or_presses) {
     ASSERT_TRUE(Rest(*print));
     mouse::MoveTo(*bar, TPoint(150, 100));
     EXPECT_TRUE(desk::PumpUntil([&] { return !bar->GetTooltip()->IsWindowVisible(); }));
+}
+
+TEST_F(ControlBar, shows_the_tip_no_more_while_a_gadget_is_held_down) {
+    ASSERT_TRUE(Rest(*save));
+    mouse::PressLeft();
+    EXPECT_TRUE(desk::PumpUntil([&] { return !bar->GetTooltip()->IsWindowVisible(); }));
+    EXPECT_FALSE(desk::PumpUntil([&] { return bar->GetTooltip()->IsWindowVisible(); }, 500));
+    mouse::ReleaseLeft();
+    EXPECT_TRUE(Rest(*print));
 }
 
 TEST_F(ControlBar, moves_the_tips_with_the_gadgets) {

@@ -125,6 +125,26 @@ TEST(DcPicture, draws_a_device_independent_one_of_every_depth) {
     }
 }
 
+TEST(DcPicture, draws_a_device_independent_one_into_an_enhanced_metafile) {
+    for (const int depth : {4, 8, 16, 24, 32}) {
+        for (const bool upperRowFirst : {false, true}) {
+            const LetterPicture picture({"RGB", "CMY"}, depth, upperRowFirst);
+            const HDC recording = ::CreateEnhMetaFileA(nullptr, nullptr, nullptr, nullptr);
+            EXPECT_TRUE(owl::TDC(recording).StretchDIBits(TRect(1, 0, 4, 2), TRect(0, 0, 3, 2),
+                                                          picture.Bits(), picture.Info()));
+            const HENHMETAFILE metafile = ::CloseEnhMetaFile(recording);
+            ENHMETAHEADER header{};
+            ::GetEnhMetaFileHeader(metafile, sizeof header, &header);
+            const RECT bounds = {header.rclBounds.left, header.rclBounds.top, header.rclBounds.right,
+                                 header.rclBounds.bottom};
+            Surface surface(5, 2);
+            EXPECT_TRUE(::PlayEnhMetaFile(surface.dc, metafile, &bounds));
+            ::DeleteEnhMetaFile(metafile);
+            EXPECT_EQ(".RGB.\n.CMY.\n", surface.Picture()) << depth << upperRowFirst;
+        }
+    }
+}
+
 TEST(DcPicture, stretches_a_device_independent_one_and_mixes_it) {
     const LetterPicture picture({"RG"}, 24);
     Surface surface(4, 2);

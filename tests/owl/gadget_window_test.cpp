@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <stdexcept>
+#include <utility>
 
 #include "owl/command_enabler.h"
 #include "owl/error.h"
@@ -203,6 +205,70 @@ TEST(GadgetWindow, tells_gadgets_that_they_are_inserted_created_and_removed) {
     bars.bar->Remove(*late);
     EXPECT_EQ(Calls{"removed"}, late->Take());
     delete late;
+}
+
+/// A gadget that does something when it goes.
+class Leaver : public Probe {
+public:
+    explicit Leaver(std::function<void(Leaver&)> whenRemoved) : m_whenRemoved(std::move(whenRemoved)) {}
+
+    void Removed() override {
+        const auto body = m_whenRemoved;
+        body(*this);
+    }
+
+private:
+    std::function<void(Leaver&)> m_whenRemoved;
+};
+
+TEST(GadgetWindow, has_nothing_to_give_back_of_a_gadget_that_deletes_itself_as_it_goes) {
+    gadgets::BarDesk<> bars;
+    Leaver* leaver = bars.Add(new Leaver([](Leaver& self) { delete &self; }));
+    TGadget* other = bars.Add(1);
+    bars.Show();
+    EXPECT_EQ(nullptr, bars.bar->Remove(*leaver));
+    leaver = bars.Add(new Leaver([](Leaver& self) { delete &self; }));
+    bars.bar->Insert(*leaver, TGadgetWindow::Before, other);
+    EXPECT_EQ(std::vector<int>{1}, Ids(*bars.bar));
+}
+
+TEST(GadgetWindow, has_nothing_to_give_back_of_a_gadget_that_ends_while_it_takes_another_out) {
+    gadgets::BarDesk<> bars;
+    Leaver* second = nullptr;
+    Leaver* first = bars.Add(new Leaver([&](Leaver& self) { self.GetGadgetWindow()->Remove(*second); }));
+    second = bars.Add(new Leaver([&](Leaver&) { delete first; }));
+    bars.Show();
+    EXPECT_EQ(nullptr, bars.bar->Remove(*first));
+    EXPECT_EQ(nullptr, second->GetGadgetWindow());
+    EXPECT_EQ(0U, bars.bar->NumGadgets());
+    delete second;
+}
+
+TEST(GadgetWindow, takes_a_gadget_out_once_however_often_it_is_told_to) {
+    gadgets::BarDesk<> bars;
+    TGadget* again = &*bars.Add(1);
+    Leaver* leaver = bars.Add(new Leaver([&](Leaver& self) { again = bars.bar->Remove(self); }));
+    EXPECT_EQ(leaver, bars.bar->Remove(*leaver));
+    EXPECT_EQ(nullptr, again);
+    delete leaver;
+}
+
+TEST(GadgetWindow, lets_go_of_a_gadget_that_throws_as_it_goes) {
+    gadgets::BarDesk<> bars;
+    Leaver* leaver = bars.Add(new Leaver([](Leaver&) { throw std::domain_error("in Removed"); }));
+    EXPECT_THROW(bars.bar->Remove(*leaver), std::domain_error);
+    EXPECT_EQ(nullptr, leaver->GetGadgetWindow());
+    EXPECT_EQ(0U, bars.bar->NumGadgets());
+    delete leaver;
+}
+
+TEST(GadgetWindow, inserts_in_front_of_all_if_the_neighbour_goes_meanwhile) {
+    gadgets::BarDesk<> bars;
+    bars.Add(1);
+    TGadget* neighbour = bars.Add(2);
+    Leaver* leaver = bars.Add(new Leaver([&](Leaver&) { delete neighbour; }));
+    bars.bar->Insert(*leaver, TGadgetWindow::Before, neighbour);
+    EXPECT_EQ((std::vector<int>{0, 1}), Ids(*bars.bar));
 }
 
 TEST(GadgetWindow, ends_its_gadgets_with_itself) {

@@ -300,4 +300,15 @@ TEST(PrintDialogData, keeps_settings_of_its_own_and_a_copy_others) {
     EXPECT_EQ(nullptr, copy.GetDevMode());
 }
 
+// Its fields would lie outside.
+TEST(PrintDialogData, takes_no_settings_that_are_too_short) {
+    PrintData data;
+    for (const WORD size : {WORD{0}, WORD{1}, WORD{43}, WORD{54}}) {
+        DEVMODEA mode{};
+        mode.dmSize = size;
+        data.SetDevMode(&mode);
+        EXPECT_EQ(nullptr, data.GetDevMode()) << size;
+    }
+}
+
 }  // namespace
