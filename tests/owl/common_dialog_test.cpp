@@ -234,6 +234,7 @@ TEST_F(CommonDialogTest, needs_no_parent) {
 TEST_F(CommonDialogTest, of_a_parent_that_goes_is_cancelled) {
     auto* dialog = new FontDialog(desk.frame, data);
     EXPECT_EQ(IDCANCEL, Run(*dialog, [&] { ::DestroyWindow(desk.frame->GetHandle()); }));
+    ASSERT_FALSE(desk.frame->IsWindow());
     desk.application.MessageLoop();
 }
 
