@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "owl/command_enabler.h"
 #include "owl/dialog.h"
 #include "owl/tooltip.h"
@@ -25,10 +27,16 @@ public:
 
     void CePrint(owl::TCommandEnabler& enabler) {
         enabler.Enable(false);
-        if (dynamic_cast<owl::TTooltipEnabler*>(&enabler) != nullptr)
-            enabler.SetText("Put on paper");
+        if (dynamic_cast<owl::TTooltipEnabler*>(&enabler) == nullptr)
+            return;
+        enabler.SetText("Put on paper");
+        if (whenAsked)
+            whenAsked();
     }
     void CeHintAlone(owl::TCommandEnabler& enabler) { enabler.Enable(false); }
+
+    /// Called when a tip for the command is asked for.
+    std::function<void()> whenAsked;
 
     DECLARE_RESPONSE_TABLE(Frame);
 };
@@ -272,6 +280,21 @@ TEST_F(ControlBar, works_without_its_tooltip) {
     mouse::MoveTo(*bar, TPoint(5, 5));
     EXPECT_TRUE(desk::PumpUntil([&] { return bar->AtMouse() == save; }));
     bar->Destroy();
+}
+
+// The control goes on with the tip that it was asking for.
+TEST_F(ControlBar, may_lose_its_window_while_it_is_asked_for_a_tip) {
+    const HWND tooltip = bar->GetTooltip()->GetHandle();
+    frame->whenAsked = [&] { bar->Destroy(); };
+    Rest(*print, 500);
+    EXPECT_FALSE(bar->IsWindow());
+    EXPECT_TRUE(desk::PumpUntil([&] { return !::IsWindow(tooltip); }));
+    frame->whenAsked = nullptr;
+    mouse::MoveAway();
+    bar->Create();
+    bar->GetTooltip()->SetDelay(TTooltip::Initial, 50);
+    ASSERT_TRUE(Rest(*save));
+    EXPECT_EQ("Save", TextOfTip());
 }
 
 TEST_F(ControlBar, keeps_its_tips_while_its_window_goes_and_comes) {
