@@ -22,6 +22,12 @@ void take_up(Port* port, Tool*& current, Tool& own, Tool* wanted) {
     current = tool;
 }
 
+/// Whether it is known that `dc` has the colour. Asking costs a tenth of setting, and this is done behind every
+/// shape. A metafile answers with what it began with, whatever was recorded since.
+bool has_colour(HDC dc, owl::TColor told, owl::TColor wanted) {
+    return told == wanted && ::GetObjectType(dc) != OBJ_METADC;
+}
+
 int background_mode(bool enabled) {
     return enabled ? OPAQUE : TRANSPARENT;
 }
@@ -102,8 +108,7 @@ bool Port::usePen(LVXPen* pen) {
     take_up(this, m_pen, m_ownPen, pen);
     if (IsOpen()) {
         m_dc->SelectObject(static_cast<const owl::TPen&>(*m_pen));
-        // Asking costs a tenth of setting, and this is done behind every shape.
-        if (m_dc->GetTextColor() != m_pen->colour()) {
+        if (!has_colour(*m_dc, m_dc->GetTextColor(), m_pen->colour())) {
             m_dc->SetTextColor(m_pen->colour());
         }
     }
@@ -114,7 +119,7 @@ bool Port::useBrush(LVXBrush* brush) {
     take_up(this, m_brush, m_ownBrush, brush);
     if (IsOpen()) {
         m_dc->SelectObject(static_cast<const owl::TBrush&>(*m_brush));
-        if (m_dc->GetBkColor() != m_brush->background()) {
+        if (!has_colour(*m_dc, m_dc->GetBkColor(), m_brush->background())) {
             m_dc->SetBkColor(m_brush->background());
         }
     }

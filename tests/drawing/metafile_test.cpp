@@ -183,6 +183,44 @@ TEST(MetaFile, keeps_tools_text_and_lines) {
     EXPECT_NE(std::string::npos, seen.substr(0, seen.size() / 4).find('B')) << "the letter";
 }
 
+// Text stayed red: a metafile tells that its text is black, whatever was recorded, so that black was not.
+TEST(MetaFile, returns_to_the_black_of_text_that_it_began_with) {
+    LVXMetaFile metafile(300, 200);
+    {
+        LVX::Port port(metafile);
+        LVXPen pen(LVX::Red);
+        LVXFont font("Arial", 80, true, false, false, false);
+        port.usePen(&pen);
+        port.useFont(&font);
+        port.Open();
+        port.usePen(nullptr);
+        port.wrtText("l", 120, 20);  // a bar of its height
+        port.useFont(nullptr);
+    }
+    Sheet sheet(200, 150);
+    ASSERT_TRUE(picture(metafile)->PlayOnto(sheet.surface.dc, owl::TSize()));
+    const std::string seen = sheet.Picture();
+    EXPECT_NE(std::string::npos, seen.find('#'));
+    EXPECT_EQ(std::string::npos, seen.find('R'));
+}
+
+TEST(MetaFile, returns_to_the_white_background_that_it_began_with) {
+    LVXMetaFile metafile(300, 200);
+    {
+        LVX::Port port(metafile);
+        LVXBrush brush(FillForeground, LVX::Blue, LVX::Red);
+        port.useBrush(&brush);
+        port.enableBkColour(true);
+        port.Open();
+        port.useBrush(nullptr);
+        port.wrtText("    ", 0, 0);
+    }
+    Sheet sheet(200, 150);
+    sheet.surface.dc.PatBlt(0, 0, 200, 150, BLACKNESS);
+    ASSERT_TRUE(picture(metafile)->PlayOnto(sheet.surface.dc, owl::TSize()));
+    EXPECT_EQ('.', owl_test::Surface::Letter(sheet.surface.At(2, 2)));
+}
+
 TEST(MetaFile, measures_no_text) {
     LVXMetaFile metafile(300, 200);
     LVX::Port port(metafile);
