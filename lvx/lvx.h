@@ -4,6 +4,7 @@
 #pragma once
 
 #include "lvx/drawing/colours.h"
+#include "lvx/drawing/my_font.h"
 #include "lvx/drawing/point_array.h"
 #include "lvx/files/mru_list.h"
 #include "lvx/files/mru_menu.h"

@@ -4,7 +4,7 @@
 
 #include "owl/carried_exception.h"
 #include "owl/common_dialog_text.h"
-#include "owl/module.h"
+#include "owl/condemned.h"
 
 namespace owl {
 
@@ -62,6 +62,8 @@ void TCommonDialog::PerformCreate() {
 int TCommonDialog::RunDialog(const char* call, DWORD& error, const std::function<bool()>& show) {
     if (IsModal())
         throw TXWindow("the dialog is shown already");
+    // The parent may end with a message that the system's loop handles, but not its object.
+    const FunctionScope function;
     m_givenUp = false;
     SetModal(true);
     const DWORD known = LeaveKnownError();
@@ -95,12 +97,6 @@ bool TCommonDialog::TakeOver(HWND dialog, WPARAM focus, LPARAM lParam) {
     return ReceiveMessage(WM_INITDIALOG, focus, lParam) != FALSE;
 }
 
-void TCommonDialog::SetupWindow() {
-    TDialog::SetupWindow();
-    if (!GetCaption().empty())
-        SetWindowText(GetCaption());
-}
-
 // Execute throws on what is carried, as soon as the system's loop lets go. Not at once: the system may be in
 // the middle of its own preparations.
 void TCommonDialog::ExceptionCarried() {
@@ -115,7 +111,7 @@ LRESULT TCommonDialog::WindowProc(UINT msg, WPARAM wParam, LPARAM lParam) {
 }
 
 void TCommonDialog::CloseWindow(int retVal) {
-    if (!CanClose())
+    if (!MayClose())
         return;
     if (retVal != IDOK) {
         Destroy();
@@ -150,10 +146,6 @@ void TCommonDialog::EvPaint() {
 
 HWND TCommonDialog::GetOwnerHandle() const {
     return Parent != nullptr ? Parent->GetHandle() : nullptr;
-}
-
-HINSTANCE TCommonDialog::GetTemplateInstance() const {
-    return GetModule() != nullptr ? GetModule()->GetInstance() : ::GetModuleHandleA(nullptr);
 }
 
 }  // namespace owl

@@ -43,8 +43,6 @@ public:
 
     /// Throws TXWindow: there is no such dialog without a mode.
     bool Create() override;
-    /// Gives the dialog its title. What overrides it calls it first.
-    void SetupWindow() override;
     /// With IDOK presses the dialog's OK button if CanClose agrees, having read the controls into the
     /// transfer buffer; the dialog stays open if the system is not content. With anything else presses Cancel
     /// if CanClose agrees.
@@ -78,8 +76,6 @@ protected:
     bool HasGivenUp() const { return m_givenUp; }
     /// The window of the parent, or null.
     HWND GetOwnerHandle() const;
-    /// Where templates come from.
-    HINSTANCE GetTemplateInstance() const;
 
     void PerformCreate() override;
 

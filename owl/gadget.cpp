@@ -35,7 +35,7 @@ TGadget::~TGadget() {
     if (m_window == nullptr)
         return;
     try {
-        m_window->Remove(*this);
+        m_window->GadgetEnds(*this);
     } catch (...) {
         CarryException();
     }

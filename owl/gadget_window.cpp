@@ -2,6 +2,7 @@
 #include "owl/gadget_window.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "owl/carried_exception.h"
 #include "owl/command_enabler.h"
@@ -20,6 +21,23 @@ TFont* FontForDialogs() {
 }
 
 }  // namespace
+
+// A gadget on its way from its place in the bar to its owner. It may end on the way.
+struct TGadgetWindow::Leaving {
+    Leaving(TGadgetWindow& theBar, TGadget& theGadget)
+        : bar(theBar), gadget(&theGadget), outer(std::exchange(bar.m_leaving, this)) {}
+    ~Leaving() {
+        bar.m_leaving = outer;
+        if (gadget != nullptr)
+            gadget->m_window = nullptr;
+    }
+    Leaving(const Leaving&) = delete;
+    Leaving& operator=(const Leaving&) = delete;
+
+    TGadgetWindow& bar;
+    TGadget* gadget;
+    Leaving* const outer;
+};
 
 DEFINE_RESPONSE_TABLE1(TGadgetWindow, TWindow)
     EV_WM_LBUTTONDOWN, EV_WM_LBUTTONUP, EV_WM_MOUSEMOVE, EV_WM_RBUTTONDOWN, EV_WM_RBUTTONUP, EV_WM_SIZE,
@@ -80,10 +98,10 @@ bool TGadgetWindow::Holds(const TGadget* gadget) const {
 void TGadgetWindow::Insert(TGadget& gadget, TPlacement placement, TGadget* sibling) {
     if (sibling != nullptr && (sibling == &gadget || !Holds(sibling)))
         throw TXOwl("a gadget can only be inserted beside another one of the bar");
-    if (gadget.m_window != nullptr)
-        gadget.m_window->Remove(gadget);
+    if (gadget.m_window != nullptr && gadget.m_window->Remove(gadget) == nullptr)
+        return;
     auto position = placement == Before ? m_gadgets.begin() : m_gadgets.end();
-    if (sibling != nullptr)
+    if (sibling != nullptr && Holds(sibling))
         position = m_gadgets.begin() + (Position(sibling) - m_gadgets.begin()) + (placement == After ? 1 : 0);
     m_gadgets.insert(position, &gadget);
     gadget.m_window = this;
@@ -94,15 +112,29 @@ void TGadgetWindow::Insert(TGadget& gadget, TPlacement placement, TGadget* sibli
 }
 
 TGadget* TGadgetWindow::Remove(TGadget& gadget) {
-    if (gadget.m_window != this)
+    if (!Holds(&gadget))
         return nullptr;
+    TGadget* const removed = TakeOut(gadget);
+    LayoutSession();
+    return removed;
+}
+
+TGadget* TGadgetWindow::TakeOut(TGadget& gadget) {
+    const Leaving leaving(*this, gadget);
     gadget.Invalidate();
     std::erase(m_gadgets, &gadget);
     LetGoOf(gadget);
     gadget.Removed();
-    gadget.m_window = nullptr;
-    LayoutSession();
-    return &gadget;
+    return leaving.gadget;
+}
+
+// One that is leaving has been taken out already.
+void TGadgetWindow::GadgetEnds(TGadget& gadget) {
+    for (Leaving* leaving = m_leaving; leaving != nullptr; leaving = leaving->outer) {
+        if (leaving->gadget == &gadget)
+            leaving->gadget = nullptr;
+    }
+    Remove(gadget);
 }
 
 void TGadgetWindow::LetGoOf(const TGadget& gadget) {
@@ -164,6 +196,12 @@ LRESULT TGadgetWindow::EvCommand(UINT id, HWND control, UINT notifyCode) {
     if (Parent == nullptr || own)
         return TWindow::EvCommand(id, control, notifyCode);
     return Parent->EvCommand(id, control, notifyCode);
+}
+
+LRESULT TGadgetWindow::EvNotify(UINT id, TNotify& notify) {
+    if (Parent == nullptr || HasFunctionFor(WM_NOTIFY, id, notify.code))
+        return TWindow::EvNotify(id, notify);
+    return Parent->EvNotify(id, notify);
 }
 
 void TGadgetWindow::EvCommandEnable(TCommandEnabler& enabler) {

@@ -50,12 +50,14 @@ public:
     // Gadgets
 
     /// Puts `gadget`, which then belongs to the bar, in front of or behind `sibling`; of null in front of or
-    /// behind all. One that is in a bar already is taken out there first. Throws TXOwl, and nothing is done,
+    /// behind all. One that is in a bar already is taken out there first; if `sibling` goes by that, it is as
+    /// with null. Throws TXOwl, and nothing is done,
     /// if `sibling` is not in this bar or is `gadget`; what the gadget's own functions throw comes out of
     /// here with the gadget inserted.
     void Insert(TGadget& gadget, TPlacement placement = After, TGadget* sibling = nullptr);
     /// Takes a gadget out; it then belongs to the caller. Returns it; null, and nothing is done, if it is not
-    /// in this bar. If it had the mouse, that is free.
+    /// in this bar; null as well if it deletes itself as it goes. If it had the mouse, that is free. What its
+    /// Removed throws comes out of here with the gadget out of the bar.
     TGadget* Remove(TGadget& gadget);
     /// In the order in which they stand; null if there is none.
     TGadget* FirstGadget() const;
@@ -105,6 +107,7 @@ public:
     // Messages
 
     LRESULT EvCommand(UINT id, HWND control, UINT notifyCode) override;
+    LRESULT EvNotify(UINT id, TNotify& notify) override;
     void EvCommandEnable(TCommandEnabler& enabler) override;
     bool IdleAction(long idleCount) override;
     void Paint(TDC& dc, bool erase, TRect& rect) override;
@@ -127,11 +130,16 @@ protected:
     void GetWindowClass(WNDCLASSA& windowClass) override;
 
 private:
+    friend class TGadget;
+    struct Leaving;
+
     std::vector<TGadget*>::const_iterator Position(const TGadget* gadget) const;
     bool Holds(const TGadget* gadget) const;
     void ForEachGadget(const std::function<void(TGadget&)>& body);
     bool HasFunctionFor(UINT event, UINT id, UINT notifyCode = 0);
     void LetGoOf(const TGadget& gadget);
+    TGadget* TakeOut(TGadget& gadget);
+    void GadgetEnds(TGadget& gadget);
     void EndHint() noexcept;
 
     int Along(const TSize& size) const;
@@ -156,6 +164,10 @@ private:
     int m_hintCommand = -1;
     TGadget* m_atMouse = nullptr;
     TGadget* m_capture = nullptr;
+    // Those on their way out, the last one first.
+    Leaving* m_leaving = nullptr;
+    // Counts how often the gadgets were put in their places.
+    unsigned m_tilings = 0;
     // Between SetupWindow and CleanupWindow. While its window is being made a bar lays nothing out.
     bool m_setUp = false;
 

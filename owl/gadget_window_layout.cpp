@@ -81,12 +81,19 @@ void TGadgetWindow::LayoutSession() {
         frame->ArrangeBars();
 }
 
+// A gadget that is asked or moved may change the bar, which lays it out anew: what is left to do here is done
+// then.
 void TGadgetWindow::TileGadgets() {
+    const unsigned tiling = ++m_tilings;
     const TPoint start(m_margins.Left, m_margins.Top);
     const int thickness = Across(GetClientRect().Size() - owl::SizeOf(m_margins));
     int way = 0;
     ForEachGadget([&](TGadget& gadget) {
+        if (tiling != m_tilings)
+            return;
         const TSize size = DesiredSizeOf(gadget);
+        if (tiling != m_tilings || !Holds(&gadget))
+            return;
         const int indent = std::max(0, (thickness - Across(size)) / 2);
         gadget.SetBounds(TRect(start + SizeOf(way, indent), size));
         way += Along(size);

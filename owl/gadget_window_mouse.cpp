@@ -14,9 +14,11 @@ constexpr TPoint nowhere(-1, -1);
 
 }  // namespace
 
+// Whoever is asked may take itself and others out.
 TGadget* TGadgetWindow::GadgetFromPoint(const TPoint& point) const {
-    for (TGadget* gadget : m_gadgets) {
-        if (gadget->PtIn(InGadget(*gadget, point)))
+    const std::vector<TGadget*> gadgets = m_gadgets;
+    for (TGadget* gadget : gadgets) {
+        if (Holds(gadget) && gadget->PtIn(InGadget(*gadget, point)) && Holds(gadget))
             return gadget;
     }
     return nullptr;
@@ -90,19 +92,25 @@ void TGadgetWindow::NoteMouse(UINT modifiers, const TPoint& point) {
     m_atMouse = nullptr;
     if (former != nullptr)
         former->MouseLeave(modifiers, InGadget(*former, point));
-    if (gadget == nullptr || !Holds(gadget))
+    if (gadget == nullptr || !Holds(gadget) || !IsWindow())
         return;
     m_atMouse = gadget;
     ListenForLeaving();
     gadget->MouseEnter(modifiers, InGadget(*gadget, point));
 }
 
-// The system tells once, and may have told while the mouse was captured, when it did not matter.
+// The system tells once, and may have told while the mouse was captured, when it did not matter. Of a mouse
+// that has gone before it is asked not every system tells.
 void TGadgetWindow::ListenForLeaving() {
     if (m_atMouse == nullptr)
         return;
     TRACKMOUSEEVENT track{sizeof track, TME_LEAVE, GetHandle(), 0};
     ::TrackMouseEvent(&track);
+    TPoint mouse;
+    GetCursorPos(mouse);
+    const HWND below = WindowFromPoint(mouse);
+    if (below != GetHandle() && !IsChild(below))
+        PostMessage(WM_MOUSELEAVE);
 }
 
 void TGadgetWindow::LoseMouse() {

@@ -174,7 +174,7 @@ void TOpenSaveDialog::FillIn(Buffers& buffers) {
 // Some systems show the dialog without its template: then nobody would tell this object of it.
 void TOpenSaveDialog::UseTemplate(const char* call) {
     ofn.Flags |= OFN_ENABLETEMPLATE;
-    ofn.hInstance = GetTemplateInstance();
+    ofn.hInstance = GetInstance();
     ofn.lpTemplateName = m_templateId;
     if (::FindResourceA(ofn.hInstance, m_templateId, RT_DIALOG) != nullptr)
         return;

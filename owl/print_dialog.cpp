@@ -51,7 +51,7 @@ void TPrintDialog::TData::SetDevNames(const char* driver, const char* device, co
 }
 
 void TPrintDialog::TData::SetDevMode(const DEVMODEA* mode) {
-    m_devMode = DevModeBytes(mode);
+    m_devMode = WholeDevMode(DevModeBytes(mode));
 }
 
 void TPrintDialog::TData::ClearDevNames() {

@@ -56,7 +56,8 @@ public:
 
         /// Null texts are empty ones. The settings stay: clear those of another printer.
         void SetDevNames(const char* driver, const char* device, const char* output);
-        /// Copies `mode` with what the driver keeps behind it; null clears.
+        /// Copies `mode` with what the driver keeps behind it; null clears, as does one whose dmSize is too
+        /// small.
         void SetDevMode(const DEVMODEA* mode);
         void ClearDevNames();
         void ClearDevMode();

@@ -119,8 +119,8 @@ bool TPrinter::Print(TWindow* parent, TPrintout& printout, bool prompt) {
     Fail(0, std::string());
     {
         const Busy busy(m_busy);
-        // Windows that end with this one's messages are deleted when none of their functions is under way.
-        const LoopScope loop;
+        // The parent may end with a message that is handled meanwhile, but not its object.
+        const FunctionScope function;
         Order order{m_setup, {}};
         if (Prepare(parent, printout, prompt, order) && RunJob(parent, printout, order))
             return true;

@@ -62,8 +62,8 @@ std::vector<std::byte> DevModeBytes(const DEVMODEA* mode) {
 
 // A block is often larger than what was asked for.
 std::vector<std::byte> WholeDevMode(std::vector<std::byte> bytes) {
-    // Older drivers leave later fields out, but never these.
-    constexpr std::size_t least = offsetof(DEVMODEA, dmFields) + sizeof(DWORD);
+    // Older drivers leave later fields out, but never those up to here.
+    constexpr std::size_t least = offsetof(DEVMODEA, dmPrintQuality) + sizeof(short);
     if (bytes.size() < least)
         return {};
     DEVMODEA head{};

@@ -1,5 +1,6 @@
 #include "lvx/drawing/brush.h"
 
+#include "lvx/drawing/delete_unless_null.h"
 #include "lvx/drawing/tool_life.h"
 #include "owl/brush.h"
 

@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "lvx/drawing/delete_unless_null.h"
 #include "lvx/drawing/face_traits.h"
 #include "lvx/drawing/tool_life.h"
 #include "owl/font.h"

@@ -30,4 +30,16 @@ constexpr int points_of(int height, int dpi) {
     return clamped<int>(height * points_of_an_inch / dpi);
 }
 
+/// A size with its fraction cut off; the nearest that there is for one beyond, 0 for what is no number.
+constexpr int whole_points(double size) {
+    using Limits = std::numeric_limits<int>;
+    if (size >= Limits::max()) {
+        return Limits::max();
+    }
+    if (size <= Limits::min()) {
+        return Limits::min();
+    }
+    return size == size ? static_cast<int>(size) : 0;
+}
+
 }  // namespace lvx::drawing

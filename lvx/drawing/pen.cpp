@@ -1,5 +1,6 @@
 #include "lvx/drawing/pen.h"
 
+#include "lvx/drawing/delete_unless_null.h"
 #include "lvx/drawing/tool_life.h"
 #include "owl/pen.h"
 

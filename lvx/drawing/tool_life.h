@@ -73,12 +73,4 @@ void leave_ports(Ports& ports, const PortCalls<Tool>& calls) {
     }
 }
 
-/// Deletes `object`, for its own member function: hosts call that on null pointers too, and a compiler takes
-/// `this` for none.
-template <class Object>
-void delete_unless_null(Object* object) {
-    Object* const volatile doubted = object;
-    delete doubted;
-}
-
 }  // namespace lvx::drawing

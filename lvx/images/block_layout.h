@@ -14,8 +14,8 @@
 namespace lvx::images {
 
 struct BlockLayout {
-    /// The first 40 bytes, with zeros for what the block lacks; of a core header the fields, widened. biSize
-    /// is always 40.
+    /// The first 40 bytes, with 0 for fields that the block ends within or before; of a core header the
+    /// fields, widened. biSize is always 40.
     BITMAPINFOHEADER header;
     /// 0 for a negative width, which no picture has.
     std::uint32_t width;
@@ -38,6 +38,13 @@ struct BlockLayout {
     }
 };
 
+/// How many of `size` bytes from the start of an info header are whole fields.
+constexpr std::size_t whole_fields(std::size_t size) {
+    constexpr std::size_t two_short_ones = 12;
+    const std::size_t field = size >= two_short_ones && size < two_short_ones + 4 ? 2 : 4;
+    return std::min(size / field * field, sizeof(BITMAPINFOHEADER));
+}
+
 inline BITMAPINFOHEADER info_header_of(HGLOBAL block) {
     BITMAPINFOHEADER header{};
     if (header_size(block) == sizeof(BITMAPCOREHEADER)) {
@@ -48,7 +55,7 @@ inline BITMAPINFOHEADER info_header_of(HGLOBAL block) {
     } else {
         const LVXUtilities::GlobalLocker<const unsigned char> bytes(block);
         if (bytes.get() != nullptr) {
-            std::memcpy(&header, bytes.get(), std::min<std::size_t>(sizeof header, GlobalSize(block)));
+            std::memcpy(&header, bytes.get(), whole_fields(GlobalSize(block)));
         }
     }
     header.biSize = sizeof header;

@@ -131,6 +131,17 @@ public:
     /// a core header the result means nothing. Arithmetic is in 32 bits, with a sign, and wraps.
     int GetStorageWidth() const;
 
+    /// The picture turned by `angle` radians, against the clock as it is seen, on a white ground with a black
+    /// line around it, which a picture that fills its frame covers. The frame is that of the turned corners,
+    /// each cut to whole pixels toward 0. Depth and the rest of the header stay, but that no colours count as
+    /// used, and the bottom row comes first; pictures with a colour table get the system's own, and its
+    /// colours that are the nearest. Of a frame of more than 65535 rows the lowest are filled, as many as the
+    /// low 16 bits of that number say.
+    /// Null for an empty image, a compressed one or one of another depth than 1, 4, 8, 16, 24 and 32, if the
+    /// frame is empty, and where the system refuses to draw. Throws std::bad_alloc, also if the result would
+    /// be of 2 GiB or more.
+    lvx::auto_ptr<DIBitmap> Rotated(double angle) const;
+
     /// The picture with one corner dragged by `dx` and `dy` pixels, y counting the block's rows from its
     /// first one, which in most pictures is seen below; the other corners stay. 32 bits per pixel, each mixed
     /// of four samples that are taken as they lie in the block: colours come out right from 24 and 32 bits,

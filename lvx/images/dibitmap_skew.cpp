@@ -56,8 +56,30 @@ void copy_table(const BlockLayout& layout, const BlockBytes& source, const Block
     std::memcpy(to.start, from.start, static_cast<std::size_t>(size));
 }
 
-std::uint32_t mean_of(std::uint32_t word) {
-    return lvx::images::mean_of_four(word, word, word, word);
+// What neither the header nor a pixel will cover becomes 0. The pixels are nearly all of the block, and are
+// not to be written twice.
+void clear_around(const BlockBytes& pixels, std::uint64_t pixels_size, const BlockBytes& target) {
+    const std::size_t before = target.size - pixels.size - sizeof(BITMAPINFOHEADER);
+    std::memset(target.From(sizeof(BITMAPINFOHEADER)).start, 0, before);
+    const BlockBytes behind = pixels.From(pixels_size);
+    std::memset(behind.start, 0, behind.size);
+}
+
+void skew_pixels(const BlockLayout& layout, const SkewFrame& frame, const lvx::images::SkewMap& map,
+                 const BlockBytes& source, const BlockBytes& target) {
+    const BlockBytes pixels = source.From(layout.pixels_at);
+    const std::uint32_t word = skew_background;
+    const SkewTask task{
+        map,
+        {pixels.start, pixels.size, layout.width, layout.rows, layout.stride, layout.header.biBitCount},
+        frame.origin,
+        word,
+        lvx::images::mean_of_four(word, word, word, word),
+        static_cast<int>(frame.width),
+        static_cast<int>(frame.height),
+        target.start,
+        target.size};
+    lvx::images::skew(task, lvx::images::fastest_skew_way());
 }
 
 }  // namespace
@@ -67,37 +89,26 @@ void DIBitmap::DebugSkew() {
 }
 
 lvx::auto_ptr<DIBitmap> DIBitmap::SkewPoint(Rectangles::Corner corner, int dx, int dy) const {
-    const BlockLayout source = lvx::images::layout_of(m_block, m_strategy->GetClrTabSize(m_block));
-    const SkewFrame frame = lvx::images::place_skew(source.width, source.rows, corner, dx, dy);
+    const BlockLayout layout = lvx::images::layout_of(m_block, m_strategy->GetClrTabSize(m_block));
+    const SkewFrame frame = lvx::images::place_skew(layout.width, layout.rows, corner, dx, dy);
     const lvx::images::SkewMap map(frame.corners);
-    if (!source.IsCredible()) {
+    if (!layout.IsCredible()) {
         throw std::runtime_error("Not a valid bitmap");
     }
     lvx::auto_ptr<DIBitmap> result(new DIBitmap(nullptr, Adopt));
-    result->m_block = lvx::images::allocate_block(GHND, skewed_block_size(source, frame));
+    result->m_block = lvx::images::allocate_block(GMEM_MOVEABLE, skewed_block_size(layout, frame));
     const GlobalLocker<unsigned char> source_lock(m_block);
     const GlobalLocker<unsigned char> target_lock(result->m_block);
-    const BlockBytes source_bytes{source_lock.get(), static_cast<std::size_t>(source.size)};
-    const BlockBytes target_bytes{target_lock.get(), GlobalSize(result->m_block)};
+    const BlockBytes source{source_lock.get(), static_cast<std::size_t>(layout.size)};
+    const BlockBytes target{target_lock.get(), GlobalSize(result->m_block)};
 
-    const BITMAPINFOHEADER header = skewed_header(source, frame);
-    std::memcpy(target_bytes.start, &header, sizeof header);
+    const BITMAPINFOHEADER header = skewed_header(layout, frame);
+    std::memcpy(target.start, &header, sizeof header);
     result->m_strategy = &Strategy::Select(result->m_block);
-    copy_table(source, source_bytes, target_bytes);
-
-    const BlockBytes pixels = source_bytes.From(source.pixels_at);
-    const BlockBytes target = target_bytes.From(result->GetBitsOffset());
-    const SkewTask task{
-        map,
-        {pixels.start, pixels.size, source.width, source.rows, source.stride, source.header.biBitCount},
-        frame.origin,
-        skew_background,
-        mean_of(skew_background),
-        static_cast<int>(frame.width),
-        static_cast<int>(frame.height),
-        target.start,
-        target.size};
-    lvx::images::skew(task, lvx::images::fastest_skew_way());
+    const BlockBytes pixels = target.From(result->GetBitsOffset());
+    clear_around(pixels, header.biSizeImage, target);
+    copy_table(layout, source, target);
+    skew_pixels(layout, frame, map, source, pixels);
     return result;
 }
 

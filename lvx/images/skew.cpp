@@ -14,7 +14,7 @@ bool are_lanes_enough(const SkewSource& source) {
     constexpr std::uint64_t most = std::numeric_limits<std::int32_t>::max();
     const std::uint64_t bits = static_cast<std::uint64_t>(source.width) * source.depth;
     return std::endian::native == std::endian::little && source.size >= sizeof(SkewWord) && bits <= most &&
-           source.stride <= most / static_cast<std::uint64_t>(source.height);
+           source.stride != 0 && source.stride <= most / static_cast<std::uint64_t>(source.height);
 }
 
 class PartSkewer {

@@ -10,7 +10,7 @@ namespace {
 // How much rounding changes a number at most, as a share of it.
 constexpr double float_unit = 0x1p-24;
 // Likewise for doubles, times more operations than follow each other anywhere.
-constexpr double double_unit = 32 * 0x1p-53;
+constexpr double double_unit = 64 * 0x1p-53;
 
 // With a larger one too many pixels would be reckoned twice.
 constexpr double worst_guard = 1.0 / 16;

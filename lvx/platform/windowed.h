@@ -5,12 +5,16 @@
 
 #ifdef _WIN32
 
+#include "lvx/drawing/bitmap.h"
 #include "lvx/drawing/brush.h"
 #include "lvx/drawing/device.h"
 #include "lvx/drawing/font.h"
+#include "lvx/drawing/metafile.h"
 #include "lvx/drawing/pen.h"
 #include "lvx/drawing/port.h"
+#include "lvx/drawing/printer.h"
 #include "lvx/drawing/region.h"
+#include "lvx/drawing/stock_tools.h"
 #include "lvx/images/gl_bitmap.h"
 #include "lvx/runtime/help_file.h"
 #include "lvx/runtime/notifier.h"

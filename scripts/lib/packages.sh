@@ -3,8 +3,8 @@
 # shellcheck disable=SC2034  # the lists are for the scripts
 
 packages_build=(ca-certificates ccache cmake g++ make ninja-build python3 util-linux)
-packages_linux=("${packages_build[@]}" libgmock-dev libgsf-1-dev libgtest-dev libjpeg-dev libpng-dev
-    libre2-dev pkg-config)
+packages_linux=("${packages_build[@]}" fonts-liberation libfontconfig-dev libgmock-dev libgsf-1-dev libgtest-dev
+    libjpeg-dev libpng-dev libre2-dev pkg-config)
 # The development packages tell which versions the Windows libraries are made from.
 # Ghostscript renders what the tests print.
 packages_windows=("${packages_build[@]}" dpkg-dev fonts-liberation fonts-wine ghostscript googletest libjpeg-dev
@@ -14,7 +14,7 @@ packages_windows_x86=("${packages_windows[@]}" debootstrap g++-mingw-w64-i686-po
 packages_gallery=("${packages_windows_x64[@]}" imagemagick)
 packages_gates=("${packages_linux[@]}" clang-format-14 clang-tidy-14 git shellcheck)
 packages_bench=("${packages_linux[@]}" flex libbenchmark-dev libboost-serialization-dev libcereal-dev libglib2.0-dev
-    libpcre2-dev libsdl2-dev libsimpleini-dev libstb-dev)
+    libleptonica-dev libopencv-imgproc-dev libpcre2-dev libsdl2-dev libsimpleini-dev libstb-dev)
 packages_coverage=("${packages_linux[@]}" clang-14 libclang-rt-14-dev llvm-14)
 packages_fuzz=("${packages_linux[@]}" clang-14 libclang-rt-14-dev)
 

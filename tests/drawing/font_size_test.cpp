@@ -3,10 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <limits>
 
 using lvx::drawing::clamped;
 using lvx::drawing::points_of;
 using lvx::drawing::requested_height;
+using lvx::drawing::whole_points;
 
 TEST(FontSize, asks_for_the_height_of_characters) {
     const struct {
@@ -42,6 +44,31 @@ TEST(FontSize, is_told_in_points) {
     EXPECT_EQ(INT_MAX, points_of(INT_MAX, 1));
     EXPECT_EQ(INT_MIN, points_of(INT_MAX, -1));
     EXPECT_EQ(INT_MAX, points_of(INT_MIN, -1));
+}
+
+TEST(FontSize, in_whole_points_has_its_fraction_cut_off) {
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    const struct {
+        double size;
+        int points;
+    } cases[] = {
+        {10.5, 10},
+        {10.999, 10},
+        {-10.5, -10},
+        {0.9, 0},
+        {-0.0, 0},
+        {2147483646.5, INT_MAX - 1},
+        {2147483647.5, INT_MAX},
+        {1e300, INT_MAX},
+        {infinity, INT_MAX},
+        {-2147483647.5, -INT_MAX},
+        {-2147483649.0, INT_MIN},
+        {-infinity, INT_MIN},
+        {std::numeric_limits<double>::quiet_NaN(), 0},
+    };
+    for (const auto& [size, points] : cases) {
+        EXPECT_EQ(points, whole_points(size)) << size;
+    }
 }
 
 TEST(FontSize, stays_within_the_numbers_that_there_are) {

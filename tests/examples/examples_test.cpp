@@ -85,6 +85,30 @@ TEST_F(Examples, compare_pictures_tells_a_missing_stream) {
     EXPECT_NE(std::string::npos, m_output.find("other: HRESULT = 80030002")) << m_output;
 }
 
+// 227 by 149 with 22 and 14 pixels: the frame is that of a turn by 30 degrees, 227 cos + 149 sin = 271.09
+// and, cut one by one, 129 + 113.
+TEST_F(Examples, turn_and_skew_writes_both_pictures) {
+    const std::string folder = m_folder.File("");
+    EXPECT_TRUE(Run("turn_and_skew " + lvx_test::own_data() + "/pictures/testorig.jpg " + folder))
+        << m_output;
+    EXPECT_EQ(output_in_page("skew.md", "turn_and_skew"), m_output);
+    const DIBitmap turned(m_folder.File("turned.bmp"), DIBitmap::DIB);
+    EXPECT_EQ(owl::TSize(271, 242), turned.GetSize());
+    const DIBitmap skewed(m_folder.File("skewed.bmp"), DIBitmap::DIB);
+    EXPECT_EQ(owl::TSize(227, 149), skewed.GetSize());
+    // What the corner was dragged out of is white: the last row of the block begins with it.
+    const auto pixels = skewed.GetBitsAddress();
+    EXPECT_EQ(255, pixels[148 * 227 * 4]);
+    EXPECT_NE(255, pixels[120 * 227 * 4 + 100 * 4]);
+}
+
+TEST_F(Examples, turn_and_skew_tells_a_picture_that_is_not_there) {
+    EXPECT_FALSE(Run("turn_and_skew " + m_folder.File("missing") + " " + m_folder.File("")));
+    EXPECT_NE(std::string::npos, m_output.find("No such file.")) << m_output;
+    EXPECT_FALSE(Run("turn_and_skew"));
+    EXPECT_EQ("usage: turn_and_skew PICTURE FOLDER\n", m_output);
+}
+
 TEST_F(Examples, where_is_takes_apart_what_it_finds_along_a_search_list) {
     const lvx_test::DriveFolder folder;
     folder.AddFolder("one");

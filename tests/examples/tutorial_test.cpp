@@ -1,4 +1,4 @@
-// What the tutorial quotes stands in the program, and nothing of the program is left untold.
+// What pages of docs/ quote stands in their programs, and nothing of the tutorial's program is left untold.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -58,19 +58,26 @@ Lines telling_lines(const std::string& file) {
     return lines;
 }
 
+// Each block of a page that is marked as a part of a file stands there; how many those are.
+std::size_t quotes_that_stand(const std::string& page, const std::string& mark, const std::string& file) {
+    const std::string text = file_of_tree(file);
+    const std::vector<Lines> blocks = quotes(page, mark);
+    for (const Lines& block : blocks) {
+        EXPECT_NE(std::string::npos, text.find(joined(block))) << page << ":\n" << joined(block);
+    }
+    return blocks.size();
+}
+
 }  // namespace
 
 TEST(Tutorial, quotes_the_program_as_it_is) {
-    const std::string program = file_of_tree("examples/hello/hello.cpp");
-    const std::string resources = file_of_tree("examples/hello/hello.rc");
-    EXPECT_EQ(9U, quotes("docs/owl.md", "cpp hello.cpp").size());
-    EXPECT_EQ(2U, quotes("docs/owl.md", "rc hello.rc").size());
-    for (const Lines& block : quotes("docs/owl.md", "cpp hello.cpp")) {
-        EXPECT_NE(std::string::npos, program.find(joined(block))) << joined(block);
-    }
-    for (const Lines& block : quotes("docs/owl.md", "rc hello.rc")) {
-        EXPECT_NE(std::string::npos, resources.find(joined(block))) << joined(block);
-    }
+    EXPECT_EQ(9U, quotes_that_stand("docs/owl.md", "cpp hello.cpp", "examples/hello/hello.cpp"));
+    EXPECT_EQ(2U, quotes_that_stand("docs/owl.md", "rc hello.rc", "examples/hello/hello.rc"));
+}
+
+TEST(PageOfBars, quotes_the_program_as_it_is) {
+    EXPECT_EQ(7U, quotes_that_stand("docs/owl-bars.md", "cpp toolbar.cpp", "examples/toolbar/toolbar.cpp"));
+    EXPECT_EQ(1U, quotes_that_stand("docs/owl-bars.md", "rc toolbar.rc", "examples/toolbar/toolbar.rc"));
 }
 
 TEST(Tutorial, leaves_nothing_of_the_program_untold) {

@@ -7,10 +7,10 @@
 #include <string>
 
 #include "images/picture_bytes.h"
-#include "images/skew_oracle.h"
 #include "images/skew_pictures.h"
 #include "lvx/images/dibitmap.h"
 #include "support/expect_throw.h"
+#include "support/skew_oracle.h"
 
 namespace {
 
@@ -294,8 +294,11 @@ TEST_F(SkewedBlocks, read_as_0_what_the_old_one_lacks) {
         ExpectAsTold({.width = 7, .height = 5, .depth = 24}, behind);
         ExpectAsTold({.width = 7, .height = 5, .depth = 8}, behind);
     }
-    const std::string cut = Info{.width = 3, .height = 2, .depth = 24}.Header().substr(0, 16);
-    EXPECT_BYTES(SkewOracle(cut, 10, 2, 2).Block(), skewed(cut, 10, 2, 2));
+    const std::string header = Info{.width = 3, .height = 2, .depth = 24, .used = 0x01010101}.Header();
+    for (std::size_t size = 12; size < 36; ++size) {
+        const std::string cut = header.substr(0, size);
+        EXPECT_BYTES(SkewOracle(cut, 10, 2, 2).Block(), skewed(cut, 10, 2, 2)) << size;
+    }
 }
 
 // Of the pixel in the corner the top byte lies behind the block, whose size is not a multiple of 4.

@@ -65,6 +65,19 @@ TEST(Skew, of_a_source_of_any_depth_is_the_same_in_every_way) {
     }
 }
 
+// As the header of no bits per pixel makes it.
+TEST(Skew, of_a_source_whose_rows_have_no_bytes_is_the_same_in_every_way) {
+    const SkewCase shape{40, 30, 32, 10, 9, 9};
+    SkewDice dice(11);
+    SkewWork work(shape, dice.Block(shape));
+    work.task.source.depth = 0;
+    work.task.source.stride = 0;
+    const std::string plain = work.Pixels(SkewWay::plain);
+    for (const SkewWay way : own_ways()) {
+        EXPECT_EQ(plain, work.Pixels(way));
+    }
+}
+
 TEST(Skew, of_a_source_without_bytes_shows_black_and_the_background) {
     const SkewCase skewed{20, 20, 24, 10, 30, 30};
     SkewDice dice(9);

@@ -6,8 +6,8 @@
 #include <stdexcept>
 #include <string>
 
-#include "images/skew_oracle.h"
 #include "images/skew_pictures.h"
+#include "support/skew_oracle.h"
 
 namespace lvx_test {
 

@@ -74,8 +74,7 @@ public:
         if (!tipShows || !tip.empty())
             return;
         tip = m_bar->GetTooltip()->GetWindowText();
-        mouse::PressLeft();
-        mouse::ReleaseLeft();
+        user::Click(m_place.x, m_place.y);
     }
     void CmSave() { EndModal(CM_GADGET_SAVE); }
 
@@ -84,12 +83,13 @@ public:
     DECLARE_RESPONSE_TABLE(BarDialog);
 
     void MoveMouse(int x) {
-        TPoint point(x, 10);
-        m_bar->ClientToScreen(point);
-        ::SetCursorPos(point.x, point.y);
+        m_place = TPoint(x, 10);
+        m_bar->ClientToScreen(m_place);
+        user::MoveTo(m_place.x, m_place.y);
     }
     TControlBar* m_bar;
     Button* m_button;
+    TPoint m_place;
     int m_ticks = 0;
 };
 
@@ -201,6 +201,15 @@ TEST_F(ControlBar, hides_the_tip_when_the_mouse_goes_or_presses) {
     EXPECT_TRUE(desk::PumpUntil([&] { return !bar->GetTooltip()->IsWindowVisible(); }));
 }
 
+TEST_F(ControlBar, shows_the_tip_no_more_while_a_gadget_is_held_down) {
+    ASSERT_TRUE(Rest(*save));
+    mouse::PressLeft();
+    EXPECT_TRUE(desk::PumpUntil([&] { return !bar->GetTooltip()->IsWindowVisible(); }));
+    EXPECT_FALSE(desk::PumpUntil([&] { return bar->GetTooltip()->IsWindowVisible(); }, 500));
+    mouse::ReleaseLeft();
+    EXPECT_TRUE(Rest(*print));
+}
+
 TEST_F(ControlBar, moves_the_tips_with_the_gadgets) {
     EXPECT_EQ(2U, bar->GetTooltip()->NumTools());
     save->size = owl::TSize(60, 16);
@@ -225,6 +234,24 @@ TEST_F(ControlBar, shows_the_tips_of_its_controls_too) {
     mouse::MoveTo(*field, TPoint(11, 10));
     ASSERT_TRUE(desk::PumpUntil([&] { return bar->GetTooltip()->IsWindowVisible(); }, 3000));
     EXPECT_EQ("Save", TextOfTip());
+}
+
+// They were gone as soon as the frame got another size.
+TEST_F(ControlBar, keeps_the_tools_of_others_when_it_is_laid_out) {
+    TTooltip& tooltip = *bar->GetTooltip();
+    const HWND field = ::CreateWindowExA(0, "EDIT", "", WS_CHILD | WS_VISIBLE, 100, 0, 50, 18,
+                                         bar->GetHandle(), nullptr, nullptr, nullptr);
+    ASSERT_TRUE(tooltip.AddTool(*bar, field, "field"));
+    ASSERT_TRUE(tooltip.AddTool(*frame, TRect(0, 100, 50, 150), CM_GADGET_SAVE, "corner"));
+    EXPECT_EQ(4U, tooltip.NumTools());
+    bar->LayoutSession();
+    bar->MoveWindow(0, 0, 250, 20);
+    EXPECT_EQ(4U, tooltip.NumTools());
+    delete print;
+    EXPECT_EQ(3U, tooltip.NumTools());
+    bar->Destroy();
+    bar->Create();
+    EXPECT_EQ(1U, tooltip.NumTools());
 }
 
 TEST_F(ControlBar, in_a_modal_dialog_shows_tips_and_gives_commands) {

@@ -13,17 +13,7 @@
 
 namespace desk {
 
-/// Types `text` on the keyboard.
-inline void Type(const std::string& text) {
-    for (const char c : text) {
-        const SHORT key = ::VkKeyScanA(c);
-        const WORD code = LOBYTE(key);
-        if ((HIBYTE(key) & 1) != 0)
-            Press({VK_SHIFT, code});
-        else
-            Press({code});
-    }
-}
+using user::Type;
 
 /// A dialog class that runs `action` in its loop once it is set up and shows.
 template <class Base>

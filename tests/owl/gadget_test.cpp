@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <cstring>
+
 #include "tests/owl/gadget_probe.h"
 #include "tests/owl/surface.h"
 
@@ -208,6 +211,31 @@ TEST_F(Placed, gadget_that_is_deleted_takes_itself_out) {
     EXPECT_EQ(next, bars.bar->FirstGadget());
     EXPECT_EQ(1U, bars.bar->NumGadgets());
     EXPECT_EQ(2, next->GetBounds().left);
+}
+
+// Where an operation stands in the table of virtual functions, behind the two entries of the destructor. The
+// compiler's representation of a pointer to it is one more than its offset.
+template <class Operation>
+std::ptrdiff_t SlotOf(Operation operation) {
+    std::ptrdiff_t offset = 0;
+    static_assert(sizeof operation >= sizeof offset);
+    std::memcpy(&offset, &operation, sizeof offset);
+    return (offset - 1) / static_cast<std::ptrdiff_t>(sizeof(void*)) - 2;
+}
+
+// Gadgets of modules that were built before go by it.
+TEST(Gadget, keeps_its_operations_in_their_order) {
+    const std::ptrdiff_t slots[] = {
+        SlotOf(&TGadget::SetEnabled),  SlotOf(&TGadget::GetDesiredSize), SlotOf(&TGadget::SetBounds),
+        SlotOf(&TGadget::IdleAction),  SlotOf(&TGadget::CommandEnable),  SlotOf(&TGadget::SysColorChange),
+        SlotOf(&TGadget::Created),     SlotOf(&TGadget::Inserted),       SlotOf(&TGadget::Moved),
+        SlotOf(&TGadget::Removed),     SlotOf(&TGadget::PtIn),           SlotOf(&TGadget::Paint),
+        SlotOf(&TGadget::PaintBorder), SlotOf(&TGadget::MouseEnter),     SlotOf(&TGadget::MouseMove),
+        SlotOf(&TGadget::MouseLeave),  SlotOf(&TGadget::LButtonDown),    SlotOf(&TGadget::RButtonDown),
+        SlotOf(&TGadget::LButtonUp),   SlotOf(&TGadget::RButtonUp)};
+    std::ptrdiff_t expected = 0;
+    for (const std::ptrdiff_t slot : slots)
+        EXPECT_EQ(expected++, slot);
 }
 
 }  // namespace

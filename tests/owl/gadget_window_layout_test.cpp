@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <utility>
+
 #include "owl/gadget_window.h"
 #include "owl/window_dc.h"
 #include "tests/owl/gadget_probe.h"
@@ -217,6 +220,75 @@ TEST(GadgetWindowLayout, gives_each_gadget_a_fresh_context) {
     EXPECT_EQ(RGB(0, 0, 0), second->before);
     EXPECT_EQ(RGB(0, 255, 0), PixelOf(*bars.bar, TPoint(30, 10)));
     EXPECT_EQ(RGB(255, 255, 255), PixelOf(*bars.bar, TPoint(50, 10)));
+}
+
+/// Does something once, when it is moved or asked for its size.
+class Busybody : public Probe {
+public:
+    Busybody() : Probe(7) {}
+
+    void GetDesiredSize(TSize& wanted) override {
+        Probe::GetDesiredSize(wanted);
+        Do(whenAsked);
+    }
+    void Moved() override {
+        Probe::Moved();
+        Do(whenMoved);
+    }
+
+    std::function<void()> whenAsked;
+    std::function<void()> whenMoved;
+
+private:
+    static void Do(std::function<void()>& what) {
+        if (const auto once = std::exchange(what, nullptr))
+            once();
+    }
+};
+
+// The gadgets behind stood where there had been room before.
+TEST(GadgetWindowLayout, stands_as_a_gadget_that_was_moved_has_changed_it) {
+    gadgets::BarDesk<> bars;
+    auto* busybody = bars.Add(new Busybody);
+    Probe* last = bars.Add(1);
+    bars.Show();
+    Probe* between = new Probe(2, TSize(30, 16));
+    busybody->whenMoved = [&] { bars.bar->Insert(*between, TGadgetWindow::After, busybody); };
+    bars.bar->SetMargins({5, 2, 2, 2});
+    EXPECT_EQ(TRect(5, 2, 25, 18), busybody->GetBounds());
+    EXPECT_EQ(TRect(25, 2, 55, 18), between->GetBounds());
+    EXPECT_EQ(TRect(55, 2, 75, 18), last->GetBounds());
+}
+
+TEST(GadgetWindowLayout, leaves_a_gadget_alone_that_goes_when_it_is_asked_for_its_size) {
+    gadgets::BarDesk<> bars;
+    auto* busybody = bars.Add(new Busybody);
+    Probe* last = bars.Add(1);
+    bars.Show();
+    busybody->Take();
+    busybody->size = TSize(40, 16);
+    busybody->whenAsked = [&] { bars.bar->Remove(*busybody); };
+    // Lays out without asking for the sizes beforehand.
+    bars.bar->MoveWindow(0, 0, 200, 20);
+    EXPECT_EQ(Calls{"removed"}, busybody->Take());
+    EXPECT_EQ(TRect(2, 2, 22, 18), last->GetBounds());
+    delete busybody;
+}
+
+TEST(GadgetWindowLayout, finds_no_gadget_that_goes_when_it_is_asked_for_its_points) {
+    struct Shy : Probe {
+        bool PtIn(const TPoint&) override {
+            GetGadgetWindow()->Remove(*this);
+            return true;
+        }
+    };
+    gadgets::BarDesk<> bars;
+    Shy* shy = bars.Add(new Shy);
+    Probe* behind = bars.Add(1);
+    bars.Show();
+    EXPECT_EQ(behind, bars.bar->GadgetFromPoint(TPoint(5, 5)));
+    EXPECT_EQ(nullptr, shy->GetGadgetWindow());
+    delete shy;
 }
 
 }  // namespace

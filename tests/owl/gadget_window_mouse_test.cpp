@@ -167,6 +167,23 @@ TEST_F(BarMouse, that_is_let_go_elsewhere_has_left_the_gadget_at_once) {
     desk::PumpUntil([] { return false; }, 100);
 }
 
+// A quick hand has gone before the message of its move is handled.
+TEST_F(BarMouse, leaves_a_gadget_that_it_has_left_before_it_is_told_to_have_come) {
+    bar->HandleMessage(WM_MOUSEMOVE, 0, MAKELPARAM(5, 6));
+    EXPECT_EQ((Calls{"enter 3,4"}), first->Take());
+    EXPECT_TOLD(first, "leave");
+    EXPECT_EQ(nullptr, bar->AtMouse());
+}
+
+TEST_F(BarMouse, leaves_a_gadget_right_behind_a_click) {
+    ASSERT_TRUE(Move(7, 8));
+    EXPECT_TOLD(first, "enter 5,6");
+    mouse::PressLeft();
+    mouse::ReleaseLeft();
+    ASSERT_TRUE(mouse::MoveAway());
+    EXPECT_TOLD(first, "down 5,6", "up 5,6", "leave");
+}
+
 // The hint of a button stayed when the mouse went away after a press that had strayed.
 TEST_F(BarMouse, leaves_a_gadget_though_it_was_away_while_it_was_captured) {
     ASSERT_TRUE(Move(7, 8));
@@ -342,6 +359,28 @@ TEST_F(BarMouse, is_let_go_when_the_bar_ends_as_an_object) {
     EXPECT_EQ(nullptr, TWindow::GetCapture());
     mouse::ReleaseLeft();
     mouse::MoveAway();
+}
+
+// What a bar does about a mouse that has gone without a message.
+TEST_F(BarMouse, has_gone_when_a_move_to_nowhere_is_told) {
+    bar->HandleMessage(WM_MOUSEMOVE, 0, MAKELPARAM(5, 6));
+    EXPECT_EQ(Calls{"enter 3,4"}, first->Take());
+    bar->HandleMessage(WM_MOUSEMOVE, 0, -1);
+    EXPECT_EQ(Calls{"leave"}, first->Take());
+    EXPECT_EQ(nullptr, bar->AtMouse());
+}
+
+TEST_F(BarMouse, is_at_no_gadget_when_the_window_ends_on_its_way) {
+    struct Closer : Probe {
+        void MouseLeave(UINT, const TPoint&) override { GetGadgetWindow()->Destroy(); }
+    };
+    bars.Add(new Closer);
+    bar->HandleMessage(WM_MOUSEMOVE, 0, MAKELPARAM(50, 10));
+    second->Take();
+    bar->HandleMessage(WM_MOUSEMOVE, 0, MAKELPARAM(30, 10));
+    EXPECT_FALSE(bar->IsWindow());
+    EXPECT_EQ(nullptr, bar->AtMouse());
+    EXPECT_EQ(Calls(), second->Take());
 }
 
 }  // namespace

@@ -1,8 +1,13 @@
 #include "owl/gadget_window.h"
 
+#include <windows.h>
+
+#include <commctrl.h>
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <stdexcept>
+#include <utility>
 
 #include "owl/command_enabler.h"
 #include "owl/error.h"
@@ -37,6 +42,7 @@ public:
         enabler.SetCheck(owl::TCommandEnabler::Checked);
     }
     void CnList() { calls.push_back("list"); }
+    void NmClick(owl::TNotify&) { calls.push_back("click"); }
     void ShowHint(int command, const std::string& text) override {
         calls.push_back(std::to_string(command) + ":" + text);
     }
@@ -48,7 +54,7 @@ public:
 
 DEFINE_RESPONSE_TABLE1(Frame, owl::TFrameWindow)
     EV_COMMAND(CM_GADGET_SAVE, CmSave), EV_COMMAND_ENABLE(CM_GADGET_PRINT, CePrint),
-        EV_LBN_SELCHANGE(9, CnList),
+        EV_LBN_SELCHANGE(9, CnList), EV_NOTIFY(9, NM_CLICK, NmClick),
 END_RESPONSE_TABLE;
 
 /// A bar with functions of its own.
@@ -62,6 +68,7 @@ public:
         enabler.Enable();
     }
     void CnList() { calls.push_back("bar's list"); }
+    void NmClick(owl::TNotify&) { calls.push_back("bar's click"); }
 
     Calls calls;
 
@@ -70,7 +77,7 @@ public:
 
 DEFINE_RESPONSE_TABLE1(OwnBar, TGadgetWindow)
     EV_COMMAND(CM_GADGET_SAVE, CmSave), EV_COMMAND_ENABLE(CM_GADGET_PRINT, CePrint),
-        EV_LBN_SELCHANGE(9, CnList),
+        EV_LBN_SELCHANGE(9, CnList), EV_NOTIFY(9, NM_CLICK, NmClick),
 END_RESPONSE_TABLE;
 
 class Enabler : public owl::TCommandEnabler {
@@ -205,6 +212,70 @@ TEST(GadgetWindow, tells_gadgets_that_they_are_inserted_created_and_removed) {
     delete late;
 }
 
+/// A gadget that does something when it goes.
+class Leaver : public Probe {
+public:
+    explicit Leaver(std::function<void(Leaver&)> whenRemoved) : m_whenRemoved(std::move(whenRemoved)) {}
+
+    void Removed() override {
+        const auto body = m_whenRemoved;
+        body(*this);
+    }
+
+private:
+    std::function<void(Leaver&)> m_whenRemoved;
+};
+
+TEST(GadgetWindow, has_nothing_to_give_back_of_a_gadget_that_deletes_itself_as_it_goes) {
+    gadgets::BarDesk<> bars;
+    Leaver* leaver = bars.Add(new Leaver([](Leaver& self) { delete &self; }));
+    TGadget* other = bars.Add(1);
+    bars.Show();
+    EXPECT_EQ(nullptr, bars.bar->Remove(*leaver));
+    leaver = bars.Add(new Leaver([](Leaver& self) { delete &self; }));
+    bars.bar->Insert(*leaver, TGadgetWindow::Before, other);
+    EXPECT_EQ(std::vector<int>{1}, Ids(*bars.bar));
+}
+
+TEST(GadgetWindow, has_nothing_to_give_back_of_a_gadget_that_ends_while_it_takes_another_out) {
+    gadgets::BarDesk<> bars;
+    Leaver* second = nullptr;
+    Leaver* first = bars.Add(new Leaver([&](Leaver& self) { self.GetGadgetWindow()->Remove(*second); }));
+    second = bars.Add(new Leaver([&](Leaver&) { delete first; }));
+    bars.Show();
+    EXPECT_EQ(nullptr, bars.bar->Remove(*first));
+    EXPECT_EQ(nullptr, second->GetGadgetWindow());
+    EXPECT_EQ(0U, bars.bar->NumGadgets());
+    delete second;
+}
+
+TEST(GadgetWindow, takes_a_gadget_out_once_however_often_it_is_told_to) {
+    gadgets::BarDesk<> bars;
+    TGadget* again = &*bars.Add(1);
+    Leaver* leaver = bars.Add(new Leaver([&](Leaver& self) { again = bars.bar->Remove(self); }));
+    EXPECT_EQ(leaver, bars.bar->Remove(*leaver));
+    EXPECT_EQ(nullptr, again);
+    delete leaver;
+}
+
+TEST(GadgetWindow, lets_go_of_a_gadget_that_throws_as_it_goes) {
+    gadgets::BarDesk<> bars;
+    Leaver* leaver = bars.Add(new Leaver([](Leaver&) { throw std::domain_error("in Removed"); }));
+    EXPECT_THROW(bars.bar->Remove(*leaver), std::domain_error);
+    EXPECT_EQ(nullptr, leaver->GetGadgetWindow());
+    EXPECT_EQ(0U, bars.bar->NumGadgets());
+    delete leaver;
+}
+
+TEST(GadgetWindow, inserts_in_front_of_all_if_the_neighbour_goes_meanwhile) {
+    gadgets::BarDesk<> bars;
+    bars.Add(1);
+    TGadget* neighbour = bars.Add(2);
+    Leaver* leaver = bars.Add(new Leaver([&](Leaver&) { delete neighbour; }));
+    bars.bar->Insert(*leaver, TGadgetWindow::Before, neighbour);
+    EXPECT_EQ((std::vector<int>{0, 1}), Ids(*bars.bar));
+}
+
 TEST(GadgetWindow, ends_its_gadgets_with_itself) {
     struct Counted : Probe {
         explicit Counted(int& theCount) : count(theCount) { ++count; }
@@ -291,6 +362,22 @@ TEST_F(BarCommands, let_a_control_in_the_bar_tell_the_parent) {
                                         bar->GetHandle(), reinterpret_cast<HMENU>(9), nullptr, nullptr);
     bar->SendMessage(WM_COMMAND, MAKEWPARAM(9, LBN_SELCHANGE), reinterpret_cast<LPARAM>(list));
     EXPECT_EQ(Calls{"list"}, frame->calls);
+}
+
+void Click(TGadgetWindow& bar) {
+    owl::TNotify click{bar.GetHandle(), 9, static_cast<UINT>(NM_CLICK)};
+    bar.SendMessage(WM_NOTIFY, 9, reinterpret_cast<LPARAM>(&click));
+}
+
+TEST_F(BarCommands, let_a_common_control_in_the_bar_tell_the_parent) {
+    Click(*bar);
+    EXPECT_EQ(Calls{"click"}, frame->calls);
+}
+
+TEST_F(OwnBarCommands, leave_it_to_the_bar_what_its_common_controls_tell) {
+    Click(*bar);
+    EXPECT_EQ(Calls{"bar's click"}, bar->calls);
+    EXPECT_EQ(Calls(), frame->calls);
 }
 
 TEST_F(OwnBarCommands, stay_with_a_bar_that_has_functions_for_them) {

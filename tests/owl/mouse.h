@@ -1,42 +1,29 @@
-// The mouse of the tests: real input, at places of the screen or of a window.
+// The mouse of the tests of windows, which handle messages while it moves.
 #pragma once
 
 #include <windows.h>
 
 #include "owl/window.h"
+#include "support/user.h"
 #include "tests/owl/desk.h"
 
 namespace mouse {
 
 namespace detail {
 
-inline void Send(DWORD what, LONG x = 0, LONG y = 0) {
-    INPUT input{};
-    input.type = INPUT_MOUSE;
-    input.mi.dx = x;
-    input.mi.dy = y;
-    input.mi.dwFlags = what;
-    ::SendInput(1, &input, sizeof(INPUT));
-}
-
-/// A coordinate as input tells it: the screen in 65536 parts, from the first one that belongs to the pixel.
-inline LONG PartOf(int pixel, int pixels) {
-    return (pixel * 65536 + pixels - 1) / pixels;
-}
+inline owl::TPoint place;
 
 }  // namespace detail
 
 /// Moves the mouse on the screen and waits until the system knows it there.
 inline bool MoveTo(const owl::TPoint& point) {
-    const auto there = [&] {
+    detail::place = point;
+    user::MoveTo(point.x, point.y);
+    return desk::PumpUntil([&] {
         owl::TPoint now;
         owl::TWindow::GetCursorPos(now);
         return now == point;
-    };
-    detail::Send(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE,
-                 detail::PartOf(point.x, ::GetSystemMetrics(SM_CXSCREEN)),
-                 detail::PartOf(point.y, ::GetSystemMetrics(SM_CYSCREEN)));
-    return desk::PumpUntil(there);
+    });
 }
 
 /// To a point of a window's client area, also outside of it.
@@ -45,20 +32,22 @@ inline bool MoveTo(const owl::TWindow& window, owl::TPoint point) {
     return MoveTo(point);
 }
 
+// Buttons, where the mouse was moved to last.
+
 inline void PressLeft() {
-    detail::Send(MOUSEEVENTF_LEFTDOWN);
+    user::PressLeft(detail::place.x, detail::place.y);
 }
 
 inline void ReleaseLeft() {
-    detail::Send(MOUSEEVENTF_LEFTUP);
+    user::ReleaseLeft(detail::place.x, detail::place.y);
 }
 
 inline void PressRight() {
-    detail::Send(MOUSEEVENTF_RIGHTDOWN);
+    user::PressRight(detail::place.x, detail::place.y);
 }
 
 inline void ReleaseRight() {
-    detail::Send(MOUSEEVENTF_RIGHTUP);
+    user::ReleaseRight(detail::place.x, detail::place.y);
 }
 
 /// Where nothing of the tests is.

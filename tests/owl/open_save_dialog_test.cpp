@@ -46,6 +46,18 @@ public:
 using Open = Seeing<owl::TFileOpenDialog>;
 using Save = Seeing<owl::TFileSaveDialog>;
 
+void CALLBACK PressEnter(HWND, UINT, UINT_PTR timer, DWORD) {
+    ::KillTimer(nullptr, timer);
+    desk::Press({VK_RETURN});
+}
+
+BOOL CALLBACK CountButton(HWND window, LPARAM counter) {
+    char name[20] = "";
+    ::GetClassNameA(window, name, sizeof name);
+    *reinterpret_cast<int*>(counter) += std::string(name) == "Button";
+    return TRUE;
+}
+
 // Both kinds of dialog: the parameter is what makes the newer one.
 struct OpenSaveDialogTest : testing::TestWithParam<DWORD> {
     OpenSaveDialogTest() {
@@ -143,10 +155,7 @@ TEST_P(OpenSaveDialogTest, stays_open_for_a_file_that_must_exist_and_does_not) {
     Open dialog(desk.frame, data);
     bool open = false;
     EXPECT_EQ(IDCANCEL, Run(dialog, [&] {
-                  ::SetTimer(nullptr, 0, 300, [](HWND, UINT, UINT_PTR timer, DWORD) {
-                      ::KillTimer(nullptr, timer);
-                      desk::Press({VK_RETURN});
-                  });
+                  ::SetTimer(nullptr, 0, 300, &PressEnter);
                   ASSERT_TRUE(desk::Activate(dialog));
                   dialog.SetDlgItemText(NameId(), "missing.txt");
                   // Returns when the box that complains is gone.
@@ -199,14 +208,8 @@ TEST_P(OpenSaveDialogTest, can_be_moved_while_it_is_set_up) {
 TEST_P(OpenSaveDialogTest, has_all_controls_among_its_children) {
     Open dialog(desk.frame, data);
     int buttons = 0;
-    const auto count = [](HWND window, LPARAM counter) -> BOOL {
-        char name[20] = "";
-        ::GetClassNameA(window, name, sizeof name);
-        *reinterpret_cast<int*>(counter) += std::string(name) == "Button";
-        return TRUE;
-    };
     dialog.setup = [&] {
-        ::EnumChildWindows(dialog.GetHandle(), count, reinterpret_cast<LPARAM>(&buttons));
+        ::EnumChildWindows(dialog.GetHandle(), &CountButton, reinterpret_cast<LPARAM>(&buttons));
         dialog.PostMessage(WM_COMMAND, IDCANCEL);
     };
     dialog.Execute();
@@ -220,6 +223,19 @@ TEST_P(OpenSaveDialogTest, throws_what_setup_throws) {
     EXPECT_THROW(dialog.Execute(), std::length_error);
     EXPECT_FALSE(dialog.IsWindow());
     EXPECT_TRUE(desk.frame->IsWindowEnabled());
+    dialog.setup = nullptr;
+    EXPECT_EQ(IDCANCEL, RunTyping(dialog, "", VK_ESCAPE));
+}
+
+TEST_P(OpenSaveDialogTest, may_be_given_up_while_it_is_set_up) {
+    Open dialog(desk.frame, data);
+    data.FileName = "given.txt";
+    dialog.setup = [&] { dialog.Destroy(); };
+    EXPECT_EQ(IDCANCEL, dialog.Execute());
+    EXPECT_FALSE(dialog.IsWindow());
+    EXPECT_FALSE(dialog.IsModal());
+    EXPECT_TRUE(desk.frame->IsWindowEnabled());
+    EXPECT_EQ("given.txt", data.FileName);
     dialog.setup = nullptr;
     EXPECT_EQ(IDCANCEL, RunTyping(dialog, "", VK_ESCAPE));
 }

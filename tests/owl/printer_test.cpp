@@ -57,6 +57,20 @@ protected:
     }
 };
 
+std::string text_of_box;
+
+// Reads the box with the application's name and answers it.
+void CALLBACK ReadBox(HWND, UINT, UINT_PTR timer, DWORD) {
+    const HWND box = ::FindWindowA("#32770", "desk");
+    if (box == nullptr)
+        return;
+    ::KillTimer(nullptr, timer);
+    char text[200] = "";
+    ::GetDlgItemTextA(box, 0xFFFF, text, sizeof text);
+    text_of_box = text;
+    ::PostMessageA(box, WM_COMMAND, IDOK, 0);
+}
+
 struct PrinterTest : testing::Test {
     PrinterTest() {
         EXPECT_EQ("", device.Problem());
@@ -333,19 +347,9 @@ TEST_F(PrinterTest, tells_that_a_document_failed_in_the_middle_and_works_again) 
 TEST_F(PrinterTest, tells_in_a_box_what_failed) {
     owl::TPrinter plain(&desk.application);
     plain.SetPrinter("winspool", "no such printer of ours", nullptr);
-    static std::string text;
-    ::SetTimer(nullptr, 0, 100, [](HWND, UINT, UINT_PTR timer, DWORD) {
-        const HWND box = ::FindWindowA("#32770", "desk");
-        if (box == nullptr)
-            return;
-        ::KillTimer(nullptr, timer);
-        char buffer[200] = "";
-        ::GetDlgItemTextA(box, 0xFFFF, buffer, sizeof buffer);
-        text = buffer;
-        ::PostMessageA(box, WM_COMMAND, IDOK, 0);
-    });
+    ::SetTimer(nullptr, 0, 100, &ReadBox);
     EXPECT_FALSE(plain.Print(desk.frame, printout, false));
-    EXPECT_EQ("\"Coloured pages\" could not be printed:\n" + plain.GetErrorText(), text);
+    EXPECT_EQ("\"Coloured pages\" could not be printed:\n" + plain.GetErrorText(), text_of_box);
 }
 
 // Nothing is installed in these.

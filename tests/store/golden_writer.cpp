@@ -1,10 +1,11 @@
-// Packs the plain golden documents into a compound document, each as a stream. Has written the golden
-// compound documents, on each system the one that is named for it (tests/data/golden/README.md).
+// Packs plain golden documents into a compound document, each as a stream. Has written the golden compound
+// documents, on each system those that are named for it (tests/data/golden/README.md).
 //
-//     lvx_golden_writer OUT
+//     lvx_golden_writer OUT NAME...
 #include <cstdio>
 #include <exception>
 #include <string>
+#include <vector>
 
 #include "lvx/store/object_store_storage.h"
 #include "store/golden.h"
@@ -12,17 +13,17 @@
 
 namespace {
 
-bool write(const std::string& out) {
+bool write(const std::string& out, const std::vector<std::string>& names) {
     std::string error;
     LVXUtilities::ObjectStoreStorage store;
     if (!store.OpenStorage(out, ObjectStore::ForWrite, error)) {
         std::fprintf(stderr, "%s: %s\n", out.c_str(), error.c_str());
         return false;
     }
-    for (const char* const name : lvx_test::golden::documents) {
-        const std::string content = lvx_test::read_file(lvx_test::golden::path(std::string(name) + ".store"));
+    for (const std::string& name : names) {
+        const std::string content = lvx_test::read_file(lvx_test::golden::path(name + ".store"));
         if (!store.OpenStream(name, error)) {
-            std::fprintf(stderr, "%s: %s\n", name, error.c_str());
+            std::fprintf(stderr, "%s: %s\n", name.c_str(), error.c_str());
             return false;
         }
         store.Write(content.data(), static_cast<unsigned int>(content.size()));
@@ -34,12 +35,12 @@ bool write(const std::string& out) {
 }  // namespace
 
 int main(int count, char** arguments) {
-    if (count != 2) {
-        std::fputs("usage: lvx_golden_writer OUT\n", stderr);
+    if (count < 3) {
+        std::fputs("usage: lvx_golden_writer OUT NAME...\n", stderr);
         return 2;
     }
     try {
-        return write(arguments[1]) ? 0 : 1;
+        return write(arguments[1], {arguments + 2, arguments + count}) ? 0 : 1;
     } catch (const std::exception& error) {
         std::fprintf(stderr, "%s\n", error.what());
         return 1;

@@ -40,6 +40,11 @@ inline INPUT Mouse(int x, int y, DWORD flags) {
     return input;
 }
 
+inline void SendMouse(int x, int y, DWORD flags) {
+    std::vector<INPUT> inputs{Mouse(x, y, flags)};
+    Send(inputs);
+}
+
 }  // namespace detail
 
 /// Presses the keys in their order and lets them go in the opposite one, as a hand does.
@@ -61,6 +66,28 @@ inline void Type(const std::string& text) {
         else
             Press({LOBYTE(key)});
     }
+}
+
+/// Moves the mouse to a point of the screen.
+inline void MoveTo(int x, int y) {
+    detail::SendMouse(x, y, 0);
+}
+
+/// Presses a button there, or lets it go.
+inline void PressLeft(int x, int y) {
+    detail::SendMouse(x, y, MOUSEEVENTF_LEFTDOWN);
+}
+
+inline void ReleaseLeft(int x, int y) {
+    detail::SendMouse(x, y, MOUSEEVENTF_LEFTUP);
+}
+
+inline void PressRight(int x, int y) {
+    detail::SendMouse(x, y, MOUSEEVENTF_RIGHTDOWN);
+}
+
+inline void ReleaseRight(int x, int y) {
+    detail::SendMouse(x, y, MOUSEEVENTF_RIGHTUP);
 }
 
 /// Clicks with the left button at a point of the screen.

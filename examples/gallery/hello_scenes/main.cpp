@@ -1,45 +1,20 @@
 // The program of the framework's tutorial, as its user sees it.
-#include <stdexcept>
-#include <string>
-
 #include "gallery.h"
-#include "support/other_program.h"
+#include "shown_program.h"
 #include "support/user.h"
 
 namespace {
 
-std::string FileBesideThisProgram(const char* name) {
-    char file[MAX_PATH] = "";
-    ::GetModuleFileNameA(nullptr, file, sizeof file);
-    const std::string program = file;
-    return program.substr(0, program.rfind('\\') + 1) + name;
-}
-
-// The program, with its window in front and as small as a picture should be.
-class Hello {
+class Hello : public gallery::ShownProgram {
 public:
-    Hello() : m_program(FileBesideThisProgram("hello.exe")), m_frame(WaitFor(nullptr, "Hello")) {
-        user::WaitUntilInFront(m_frame);
-        ::MoveWindow(m_frame, 100, 100, 360, 200, TRUE);
-    }
+    Hello() : ShownProgram("hello.exe", "Hello") {}
 
-    HWND Frame() const { return m_frame; }
     HWND OpenDialog() const {
         user::Press({VK_CONTROL, 'G'});
         const HWND dialog = WaitFor(user::dialog_class, "Greet");
         user::WaitUntilInFront(dialog);
         return dialog;
     }
-    HWND WaitFor(const char* windowClass, const char* title) const {
-        const HWND window = user::WaitForShown(windowClass, title);
-        if (window == nullptr || !m_program.Owns(window))
-            throw std::runtime_error("hello.exe does not show what it should");
-        return window;
-    }
-
-private:
-    user::OtherProgram m_program;
-    HWND m_frame;
 };
 
 void ShowMenu() {

@@ -8,6 +8,10 @@ int main(int argc, char** argv) {
         {
             {"owl-controls", "Every control of the framework, in its states", &gallery::ShowControls},
             {"owl-message-box", "A message box above a window", &gallery::ShowMessageBox},
+            {"owl-open-dialog", "The system's dialog to open a file", &gallery::ShowOpenDialog},
+            {"owl-font-dialog", "Its dialog to choose a font", &gallery::ShowFontDialog},
+            {"owl-print-dialog", "Its dialog to print", &gallery::ShowPrintDialog},
+            {"owl-printing", "What stands there while a document is printed", &gallery::ShowPrinting},
             {"owl-mdi", "An MDI frame with three children", &gallery::ShowMdi},
             {"owl-mdi-maximised", "The same with one of them maximised", &gallery::ShowMdiMaximised},
             {"owl-pens", "Pens: styles, widths and colours", &gallery::ShowPens},

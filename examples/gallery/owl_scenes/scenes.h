@@ -5,6 +5,10 @@ namespace gallery {
 
 void ShowControls();
 void ShowMessageBox();
+void ShowOpenDialog();
+void ShowFontDialog();
+void ShowPrintDialog();
+void ShowPrinting();
 void ShowMdi();
 void ShowMdiMaximised();
 void ShowPens();

@@ -9,6 +9,7 @@
 #include <fstream>
 #include <new>
 #include <sstream>
+#include <stdexcept>
 #include <string>
 
 #include "images/jpeg_maker.h"
@@ -126,6 +127,44 @@ TEST_F(BitmapFaults, files_without_memory_for_their_block_are_told) {
     EXPECT_THROW(DIBitmap(bitmap, DIBitmap::AnyFormat), std::bad_alloc);
     blocks_until_failure = 0;
     EXPECT_THROW(DIBitmap(jpeg, DIBitmap::JPEG), std::bad_alloc);
+    EXPECT_EQ(live, lvx_test::live_bytes());
+}
+
+TEST_F(BitmapFaults, a_skewed_picture_without_memory_for_its_block_is_told) {
+    const HGLOBAL block = make_block(small_picture());
+    const DIBitmap bitmap(block, DIBitmap::Adopt);
+    const std::size_t live = lvx_test::live_bytes();
+    blocks_until_failure = 0;
+    EXPECT_THROW(bitmap.SkewPoint(LVXUtilities::Rectangles::TopLeft, 1, 1), std::bad_alloc);
+    EXPECT_EQ(live, lvx_test::live_bytes());
+    EXPECT_FALSE(is_locked(block));
+}
+
+TEST_F(BitmapFaults, a_turned_picture_without_memory_for_its_block_is_told) {
+    const HGLOBAL block = make_block(small_picture());
+    const DIBitmap bitmap(block, DIBitmap::Adopt);
+    const std::size_t live = lvx_test::live_bytes();
+    blocks_until_failure = 0;
+    EXPECT_THROW(bitmap.Rotated(1), std::bad_alloc);
+    EXPECT_EQ(live, lvx_test::live_bytes());
+    EXPECT_FALSE(is_locked(block));
+}
+
+TEST_F(BitmapFaults, every_failing_allocation_of_turning_and_skewing_is_told) {
+    const DIBitmap bitmap(make_block(small_picture()), DIBitmap::Adopt);
+    // The block lacks some of its pixels.
+    const DIBitmap shorter(make_block(small_picture().substr(0, 50)), DIBitmap::Adopt);
+    EXPECT_GT(count_failures([&] { bitmap.SkewPoint(LVXUtilities::Rectangles::TopLeft, 1, 1); }), 0);
+    EXPECT_GT(count_failures([&] { bitmap.Rotated(1); }), 0);
+    EXPECT_GT(count_failures([&] { shorter.Rotated(1); }), 0);
+}
+
+TEST_F(BitmapFaults, what_cannot_be_skewed_leaves_nothing_behind) {
+    const DIBitmap bitmap(make_block(small_picture()), DIBitmap::Adopt);
+    const std::size_t live = lvx_test::live_bytes();
+    EXPECT_THROW(bitmap.SkewPoint(LVXUtilities::Rectangles::TopLeft, 2, 0), std::runtime_error);
+    EXPECT_THROW(bitmap.SkewPoint(static_cast<LVXUtilities::Rectangles::Corner>(7), 1, 1),
+                 std::runtime_error);
     EXPECT_EQ(live, lvx_test::live_bytes());
 }
 

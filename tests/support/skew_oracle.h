@@ -9,8 +9,6 @@
 #include <string>
 #include <utility>
 
-#include "images/picture_bytes.h"
-
 namespace lvx_test {
 
 /// The block of the skewed picture. `block` has a header of 40 bytes or more, with neither size negative.
@@ -44,14 +42,18 @@ private:
     static bool IsRight(int corner) { return corner == 9 || corner == 10; }
     static bool IsTop(int corner) { return corner == 5 || corner == 9; }
 
-    // A field of a header; what the block lacks is 0.
-    static std::uint32_t Field(const std::string& block, std::size_t place, int count) {
+    // A field of a header; 0 if the block ends within it or before.
+    static std::uint32_t Field(const std::string& block, std::size_t place, std::size_t count) {
         std::uint32_t number = 0;
-        for (int i = 0; i < count; ++i) {
-            const std::size_t at = place + static_cast<std::size_t>(i);
-            number |= at < block.size() ? std::uint32_t{static_cast<unsigned char>(block[at])} << (8 * i) : 0;
+        for (std::size_t i = 0; i < count && place + count <= block.size(); ++i) {
+            number |= std::uint32_t{static_cast<unsigned char>(block[place + i])} << (8 * i);
         }
         return number;
+    }
+    void PutField(std::size_t place, std::size_t count, std::uint32_t number) {
+        for (std::size_t i = 0; i < count; ++i) {
+            m_output[place + i] = static_cast<char>(number >> (8 * i));
+        }
     }
     int Width() const { return static_cast<int>(Field(m_source, 4, 4)); }
     int Height() const { return static_cast<int>(Field(m_source, 8, 4)); }
@@ -136,12 +138,15 @@ private:
         const std::size_t image = row * static_cast<std::size_t>(m_height);
         // Never too small for the header.
         m_output.assign(std::max<std::size_t>(first_word + TableSize(m_source) + image, 40), '\0');
-        m_output.replace(0, std::min<std::size_t>(40, m_source.size()), m_source.substr(0, 40));
-        m_output.replace(0, 4, little_endian(40, 4));
-        m_output.replace(4, 4, little_endian(static_cast<std::uint32_t>(m_width), 4));
-        m_output.replace(8, 4, little_endian(static_cast<std::uint32_t>(m_height), 4));
-        m_output.replace(14, 2, little_endian(32, 2));
-        m_output.replace(20, 4, little_endian(static_cast<std::uint32_t>(image), 4));
+        for (std::size_t place = 12; place < 40; place += 4) {
+            PutField(place, 4, Field(m_source, place, 4));
+        }
+        PutField(12, 2, Field(m_source, 12, 2));
+        PutField(0, 4, 40);
+        PutField(4, 4, static_cast<std::uint32_t>(m_width));
+        PutField(8, 4, static_cast<std::uint32_t>(m_height));
+        PutField(14, 2, 32);
+        PutField(20, 4, static_cast<std::uint32_t>(image));
         for (std::size_t i = 0; i < TableSize(m_source) * 4; ++i) {
             if (first_word + i < m_source.size() && 40 + i < m_output.size()) {
                 m_output[40 + i] = m_source[first_word + i];

@@ -1,0 +1,42 @@
+#include "sketch/model/reading.h"
+
+#include <string>
+
+#include "sketch/model/error.h"
+
+namespace sketch {
+
+Reading* Reading::s_current = nullptr;
+
+Reading::Reading() {
+    s_current = this;
+}
+
+Reading::~Reading() {
+    s_current = nullptr;
+}
+
+void Reading::Keep(const std::shared_ptr<Storable>& object) {
+    s_current->m_objects[object.get()] = object;
+}
+
+std::shared_ptr<Storable> Reading::ReadAny(ObjectStore& store) {
+    Storable* object = nullptr;
+    store >> object;
+    if (object == nullptr) {
+        throw DocumentError("Something is missing in it.");
+    }
+    // One that is not known was made by another class's creator: it is handed over here.
+    std::shared_ptr<Storable>& kept = s_current->m_objects[object];
+    if (kept == nullptr) {
+        kept.reset(object);
+    }
+    return kept;
+}
+
+void Reading::RefuseClass(const Storable& object) {
+    throw DocumentError(std::string("There is an object of the class ") + object.ClassName() +
+                        " where it does not belong.");
+}
+
+}  // namespace sketch

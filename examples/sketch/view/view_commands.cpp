@@ -1,0 +1,205 @@
+// What the view does on commands from the menu and by their keys.
+#include <numbers>
+
+#include "owl/command_enabler.h"
+#include "sketch/frame/look_dialog.h"
+#include "sketch/frame/sketch_ids.h"
+#include "sketch/frame/skew_dialog.h"
+#include "sketch/frame/turn_dialog.h"
+#include "sketch/model/error.h"
+#include "sketch/model/picture_file.h"
+#include "sketch/view/view.h"
+
+namespace sketch {
+namespace {
+
+constexpr double step_in_degrees = 15;
+// A copy lies beside what it was made of.
+constexpr owl::TSize way_of_copies(16, 16);
+
+}  // namespace
+
+const Picture* View::SelectedPicture() const {
+    return dynamic_cast<const Picture*>(SelectedFigure().get());
+}
+
+void View::AddPicture(const std::string& file) {
+    const owl::TRect seen = Visible();
+    const auto picture = std::make_shared<Picture>(LoadPicture(file), PictureName(file), owl::TPoint());
+    const owl::TRect bounds = picture->Bounds();
+    picture->MoveBy(
+        {(seen.left + seen.right - bounds.Width()) / 2, (seen.top + seen.bottom - bounds.Height()) / 2});
+    Add(picture);
+}
+
+void View::CmUndo() {
+    m_tool->Cancel();
+    m_document.Undo();
+    Select(none);
+}
+
+void View::CmRedo() {
+    m_tool->Cancel();
+    m_document.Redo();
+    Select(none);
+}
+
+void View::CmDelete() {
+    if (m_selected == none) {
+        return;
+    }
+    Figures figures = Contents();
+    figures.erase(figures.begin() + m_selected);
+    Edit(std::move(figures), none);
+}
+
+void View::CmDuplicate() {
+    if (m_selected == none) {
+        return;
+    }
+    const std::shared_ptr<Figure> copy = SelectedFigure()->Clone();
+    copy->MoveBy(way_of_copies);
+    Add(copy);
+}
+
+void View::CmToFront() {
+    if (m_selected == none) {
+        return;
+    }
+    Figures figures = Contents();
+    figures.push_back(SelectedFigure());
+    figures.erase(figures.begin() + m_selected);
+    const auto last = static_cast<int>(figures.size()) - 1;
+    Edit(std::move(figures), last);
+}
+
+void View::CmToBack() {
+    if (m_selected == none) {
+        return;
+    }
+    Figures figures = Contents();
+    figures.insert(figures.begin(), SelectedFigure());
+    figures.erase(figures.begin() + m_selected + 1);
+    Edit(std::move(figures), 0);
+}
+
+// Of the selected shape, and of those to come.
+void View::CmLook() {
+    const FigurePointer selected = SelectedFigure();
+    const Look* const selectedLook = selected != nullptr ? selected->LookOf() : nullptr;
+    LookDialog dialog(this, selectedLook != nullptr ? *selectedLook : m_look);
+    if (dialog.Execute() != IDOK) {
+        return;
+    }
+    m_look = dialog.Chosen();
+    if (selectedLook != nullptr) {
+        const std::shared_ptr<Figure> changed = selected->Clone();
+        *changed->LookOf() = m_look;
+        Replace(changed);
+    }
+}
+
+void View::CmTool(UINT command) {
+    m_tool->Cancel();
+    UseTool(static_cast<int>(command));
+    Select(none);
+}
+
+template <class Change>
+void View::ChangePicture(const Change& change) {
+    const Picture* const selected = SelectedPicture();
+    if (selected == nullptr) {
+        return;
+    }
+    const auto changed = std::make_shared<Picture>(*selected);
+    if (change(*changed)) {
+        Replace(changed);
+    } else {
+        MessageBox("The picture cannot be brought into that form.", "Sketch", MB_OK | MB_ICONINFORMATION);
+    }
+}
+
+void View::TurnByDegrees(double degrees) {
+    ChangePicture([&](Picture& picture) { return picture.Turn(degrees * std::numbers::pi / 180); });
+}
+
+void View::CmTurnLeft() {
+    TurnByDegrees(step_in_degrees);
+}
+
+void View::CmTurnRight() {
+    TurnByDegrees(-step_in_degrees);
+}
+
+void View::CmTurn() {
+    TurnDialog dialog(this);
+    if (dialog.Execute() == IDOK) {
+        TurnByDegrees(dialog.Degrees());
+    }
+}
+
+void View::CmSkew() {
+    SkewDialog dialog(this);
+    if (dialog.Execute() == IDOK) {
+        ChangePicture([&](Picture& picture) { return picture.SkewBy(dialog.Corner(), dialog.Way()); });
+    }
+}
+
+void View::CmStraighten() {
+    ChangePicture([](Picture& picture) {
+        picture.Straighten();
+        return true;
+    });
+}
+
+void View::CeUndo(owl::TCommandEnabler& enabler) {
+    enabler.Enable(m_document.CanUndo());
+}
+
+void View::CeRedo(owl::TCommandEnabler& enabler) {
+    enabler.Enable(m_document.CanRedo());
+}
+
+void View::CeSelection(owl::TCommandEnabler& enabler) {
+    enabler.Enable(m_selected != none);
+}
+
+void View::CePicture(owl::TCommandEnabler& enabler) {
+    enabler.Enable(SelectedPicture() != nullptr);
+}
+
+void View::CeFigures(owl::TCommandEnabler& enabler) {
+    enabler.Enable(!Contents().empty());
+}
+
+void View::CeTool(owl::TCommandEnabler& enabler) {
+    enabler.Enable(true);
+    enabler.SetCheck(static_cast<int>(enabler.GetId()) == m_toolCommand ? owl::TCommandEnabler::Checked
+                                                                        : owl::TCommandEnabler::Unchecked);
+}
+
+DEFINE_RESPONSE_TABLE1(View, owl::TWindow)
+    EV_WM_ERASEBKGND, EV_WM_SIZE, EV_WM_HSCROLL, EV_WM_VSCROLL, EV_WM_LBUTTONDOWN, EV_WM_LBUTTONUP,
+        EV_WM_LBUTTONDBLCLK, EV_WM_MOUSEMOVE, EV_WM_SETCURSOR, EV_WM_KEYDOWN,
+        EV_MESSAGE(WM_MOUSEWHEEL, EvMouseWheel), EV_MESSAGE(WM_CAPTURECHANGED, EvCaptureChanged),
+        EV_COMMAND(CM_UNDO, CmUndo), EV_COMMAND(CM_REDO, CmRedo), EV_COMMAND(CM_DELETE, CmDelete),
+        EV_COMMAND(CM_DUPLICATE, CmDuplicate), EV_COMMAND(CM_TO_FRONT, CmToFront),
+        EV_COMMAND(CM_TO_BACK, CmToBack), EV_COMMAND(CM_SELECT_NEXT, CmSelectNext),
+        EV_COMMAND(CM_SELECT_PREVIOUS, CmSelectPrevious), EV_COMMAND(CM_SELECT_NONE, CmSelectNone),
+        EV_COMMAND(CM_LOOK, CmLook), EV_COMMAND_AND_ID(CM_TOOL_SELECT, CmTool),
+        EV_COMMAND_AND_ID(CM_TOOL_RECTANGLE, CmTool), EV_COMMAND_AND_ID(CM_TOOL_ELLIPSE, CmTool),
+        EV_COMMAND_AND_ID(CM_TOOL_POLYGON, CmTool), EV_COMMAND(CM_TURN_LEFT, CmTurnLeft),
+        EV_COMMAND(CM_TURN_RIGHT, CmTurnRight), EV_COMMAND(CM_TURN, CmTurn), EV_COMMAND(CM_SKEW, CmSkew),
+        EV_COMMAND(CM_STRAIGHTEN, CmStraighten), EV_COMMAND_ENABLE(CM_UNDO, CeUndo),
+        EV_COMMAND_ENABLE(CM_REDO, CeRedo), EV_COMMAND_ENABLE(CM_DELETE, CeSelection),
+        EV_COMMAND_ENABLE(CM_DUPLICATE, CeSelection), EV_COMMAND_ENABLE(CM_TO_FRONT, CeSelection),
+        EV_COMMAND_ENABLE(CM_TO_BACK, CeSelection), EV_COMMAND_ENABLE(CM_SELECT_NEXT, CeFigures),
+        EV_COMMAND_ENABLE(CM_SELECT_PREVIOUS, CeFigures), EV_COMMAND_ENABLE(CM_SELECT_NONE, CeSelection),
+        EV_COMMAND_ENABLE(CM_TOOL_SELECT, CeTool), EV_COMMAND_ENABLE(CM_TOOL_RECTANGLE, CeTool),
+        EV_COMMAND_ENABLE(CM_TOOL_ELLIPSE, CeTool), EV_COMMAND_ENABLE(CM_TOOL_POLYGON, CeTool),
+        EV_COMMAND_ENABLE(CM_TURN_LEFT, CePicture), EV_COMMAND_ENABLE(CM_TURN_RIGHT, CePicture),
+        EV_COMMAND_ENABLE(CM_TURN, CePicture), EV_COMMAND_ENABLE(CM_SKEW, CePicture),
+        EV_COMMAND_ENABLE(CM_STRAIGHTEN, CePicture),
+END_RESPONSE_TABLE;
+
+}  // namespace sketch
