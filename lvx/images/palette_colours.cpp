@@ -17,6 +17,7 @@ std::vector<PaletteColour> table_colours(const unsigned char* table, std::size_t
         std::memcpy(quads.data(), table, size < wanted ? size : wanted);
     }
     std::vector<PaletteColour> colours;
+    colours.reserve(entries);
     for (const RGBQUAD& quad : quads) {
         colours.push_back({quad.rgbRed, quad.rgbGreen, quad.rgbBlue});
     }
