@@ -57,9 +57,10 @@ LVXFont::LVXFont(const LVXFont& other)
       m_isStock(other.m_isStock) {}
 
 LVXFont& LVXFont::operator=(const LVXFont& other) {
-    lvx::drawing::change_tool(this, m_ports, font_calls, [&] {
-        std::string face = other.m_face;
-        m_font = copy_of(other.m_isStock ? other.m_font.get() : nullptr);
+    std::unique_ptr<owl::TFont> font = copy_of(other.m_isStock ? other.m_font.get() : nullptr);
+    std::string face = other.m_face;
+    Change([&] {
+        m_font.swap(font);
         m_description = other.m_description;
         m_actualValid = false;
         m_pointSize = other.m_pointSize;
@@ -98,25 +99,36 @@ void LVXFont::free() {
     lvx::drawing::delete_unless_null(this);
 }
 
-// The system sees the new value only where the font is selected again, and may refuse it there.
+// The system sees the new values only where the font is selected again, and may refuse them there.
 template <class Setting>
-void LVXFont::Set(const Setting& setting) {
+void LVXFont::Change(const Setting& setting) {
     const LOGFONTA description = m_description;
     const int points = m_pointSize;
-    const std::string face = m_face;
+    const short maxWidth = m_maxWidth;
+    std::string face = m_face;
+    const bool isStock = m_isStock;
     try {
-        setting();
-        make();
+        lvx::drawing::change_tool(this, m_ports, font_calls, setting);
     } catch (...) {
         for (LVX::Port* const port : m_ports) {
             port->resetFont();
         }
         m_description = description;
         m_pointSize = points;
-        m_face = face;
+        m_maxWidth = maxWidth;
+        m_face.swap(face);
+        m_isStock = isStock;
         Forget();
         throw;
     }
+}
+
+template <class Setting>
+void LVXFont::Set(const Setting& setting) {
+    Change([&] {
+        setting();
+        Forget();
+    });
 }
 
 void LVXFont::Forget() const {

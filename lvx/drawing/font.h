@@ -115,6 +115,8 @@ public:
 
 private:
     template <class Setting>
+    LVX_HIDDEN void Change(const Setting& setting);
+    template <class Setting>
     LVX_HIDDEN void Set(const Setting& setting);
     LVX_HIDDEN void Forget() const;
     LVX_HIDDEN std::unique_ptr<owl::TFont> MakeFont(int height) const;

@@ -22,8 +22,8 @@ void take_up(Port* port, Tool*& current, Tool& own, Tool* wanted) {
     current = tool;
 }
 
-/// Whether it is known that `dc` has the colour. Asking costs a tenth of setting, and this is done behind every
-/// shape. A metafile answers with what it began with, whatever was recorded since.
+/// Whether it is known that `dc` has the colour. Asking costs a tenth of setting, and this is done behind
+/// every shape. A metafile answers with what it began with, whatever was recorded since.
 bool has_colour(HDC dc, owl::TColor told, owl::TColor wanted) {
     return told == wanted && ::GetObjectType(dc) != OBJ_METADC;
 }

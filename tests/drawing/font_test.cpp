@@ -304,6 +304,29 @@ TEST(Font, that_the_system_refuses_has_its_values_of_before) {
     second.port.useFont(nullptr);
 }
 
+// An assignment left the values of the other font behind.
+TEST(Font, that_the_system_refuses_to_be_assigned_has_its_values_of_before) {
+    OpenPort first;
+    OpenPort second;
+    LVXFont font = plain("Arial", 12);
+    first.port.useFont(&font);
+    font.bind(&second.port, true);
+    const std::string face = font.face();
+    const LVXFont source("Courier New", 36, true, true, false, false);
+    {
+        const NoMoreObjects none;
+        EXPECT_THROW(font = source, owl::TXGdi);
+    }
+    EXPECT_EQ(12, font.pointSize());
+    EXPECT_EQ(face, font.face());
+    EXPECT_FALSE(font.italic());
+    first.port.useFont(&font);
+    EXPECT_EQ(-16, asked(font).lfHeight);
+    EXPECT_EQ(static_cast<owl::TFont&>(font).GetHandle(), first.sheet.Selected(OBJ_FONT));
+    first.port.useFont(nullptr);
+    second.port.useFont(nullptr);
+}
+
 // Its end cannot fail.
 TEST(Font, that_goes_while_the_system_refuses_fonts_leaves_its_port_with_the_first_one) {
     OpenPort open;
