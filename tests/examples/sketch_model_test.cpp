@@ -471,6 +471,16 @@ TEST(SketchDocument, with_the_drawing_in_itself_is_refused) {
               })));
 }
 
+TEST(SketchReading, is_what_figures_are_read_in_and_nothing_else) {
+    std::stringstream bytes;
+    ObjectStoreStream store;
+    store.OpenStream(static_cast<std::ostream*>(&bytes));
+    store << sketch::Rectangle(TRect(1, 2, 3, 4), SomeLook());
+    store.OpenStream(static_cast<std::istream*>(&bytes));
+    Storable* figure = nullptr;
+    EXPECT_THROW(store >> figure, sketch::DocumentError);
+}
+
 TEST(SketchDocument, with_a_figure_twice_is_refused) {
     const lvx_test::TempFolder folder;
     EXPECT_EQ("A figure is there twice.", Cause(Damaged(folder, [](ObjectStore& store) {
