@@ -5,6 +5,7 @@
 
 #include "bitmap_check.h"
 #include "check.h"
+#include "lvx/drawing/my_font.h"
 #include "lvx/images/dibitmap.h"
 #include "lvx/text/error.h"
 #include "lvx/text/ownership.h"
@@ -136,6 +137,12 @@ void write_object(ObjectStore& store, const Storable* object) {
     }
 }
 
+// Numbers by their bits, so that one that is none equals itself.
+template <class Number>
+bool same_bits(Number left, Number right) {
+    return std::memcmp(&left, &right, sizeof left) == 0;
+}
+
 // The pairs of objects that have to be the same, in the order in which they were met.
 class Comparison {
 public:
@@ -169,6 +176,9 @@ private:
         if (const auto* leaf = dynamic_cast<const TrackedLeaf*>(left)) {
             return CompareLeaves(*leaf, dynamic_cast<const TrackedLeaf&>(*right));
         }
+        if (const auto* font = dynamic_cast<const myFont*>(left)) {
+            return CompareFonts(*font, dynamic_cast<const myFont&>(*right));
+        }
         using LVXUtilities::DIBitmap;
         return stored_block(dynamic_cast<const DIBitmap&>(*left)) ==
                stored_block(dynamic_cast<const DIBitmap&>(*right));
@@ -183,21 +193,21 @@ private:
     }
 
     static bool CompareLeaves(const TrackedLeaf& left, const TrackedLeaf& right) {
-        return left.m_flag == right.m_flag &&
-               std::memcmp(&left.m_ratio, &right.m_ratio, sizeof left.m_ratio) == 0 &&
+        return left.m_flag == right.m_flag && same_bits(left.m_ratio, right.m_ratio) &&
                left.m_name == right.m_name && left.m_letter == right.m_letter;
+    }
+
+    static bool CompareFonts(myFont left, myFont right) {
+        const bool same_size = same_bits(left.Size(), right.Size());
+        left.Size(0);
+        right.Size(0);
+        return same_size && left == right;
     }
 
     std::map<const Storable*, const Storable*> m_partner;
     std::set<const Storable*> m_met;
     std::vector<std::pair<const Storable*, const Storable*>> m_pairs;
 };
-
-// Numbers by their bits, so that one that is none equals itself.
-template <class Number>
-bool same_bits(Number left, Number right) {
-    return std::memcmp(&left, &right, sizeof left) == 0;
-}
 
 bool same_value(const Value& left, const Value& right, Comparison& comparison) {
     if (left.index() != right.index()) {
@@ -216,6 +226,11 @@ bool same_value(const Value& left, const Value& right, Comparison& comparison) {
 }
 
 }  // namespace
+
+void register_classes() {
+    lvx_test::register_tracked_shapes();
+    ObjectFactory::Register("myFont", ObjectFactory::CreateStorable<myFont>);
+}
 
 Values read_values(ObjectStore& store, std::string_view program, ReadObjects& objects) {
     Values values;

@@ -42,6 +42,9 @@ struct Characters {
 using Value = std::variant<bool, int, long, float, double, char, Characters, std::string, Storable*>;
 using Values = std::vector<Value>;
 
+/// Registers the classes that documents have objects of, beside those that the library registers itself.
+void register_classes();
+
 /// Reads what `program` says until the store has refused a few times. Objects go to `objects`.
 Values read_values(ObjectStore& store, std::string_view program, lvx_test::ReadObjects& objects);
 

@@ -203,7 +203,7 @@ void run(Input input) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    static const bool registered = (lvx_test::register_tracked_shapes(), lvx_test::keep_gsf_quiet(), true);
+    static const bool registered = (lvx_fuzz::register_classes(), lvx_test::keep_gsf_quiet(), true);
     run(Input(data, size));
     require(registered && lvx_test::Tracked::Alive().empty(), "no object is left");
     return 0;

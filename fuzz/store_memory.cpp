@@ -135,7 +135,7 @@ void run(Input input) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    static const bool registered = (lvx_test::register_tracked_shapes(), true);
+    static const bool registered = (lvx_fuzz::register_classes(), true);
     run(Input(data, size));
     require(registered && lvx_test::Tracked::Alive().empty(), "no object is left");
     return 0;

@@ -34,6 +34,7 @@ void TControlBar::ChildLeft(const TWindow& child) {
 // The system ends the tooltip with the frame, not with the bar.
 void TControlBar::CleanupWindow() {
     TGadgetWindow::CleanupWindow();
+    m_tools.clear();
     if (m_tooltip != nullptr)
         m_tooltip->Destroy();
 }
@@ -45,11 +46,18 @@ void TControlBar::TileGadgets() {
 }
 
 void TControlBar::MakeTools() {
-    m_tooltip->RemoveAllTools();
+    RemoveTools();
     for (const TGadget* gadget = FirstGadget(); gadget != nullptr; gadget = gadget->NextGadget()) {
-        if (gadget->GetId() > 0)
-            m_tooltip->AddTool(*this, gadget->GetBounds(), static_cast<UINT>(gadget->GetId()));
+        const auto id = static_cast<UINT>(gadget->GetId());
+        if (gadget->GetId() > 0 && m_tooltip->AddTool(*this, gadget->GetBounds(), id))
+            m_tools.push_back(id);
     }
+}
+
+void TControlBar::RemoveTools() {
+    for (const UINT id : m_tools)
+        m_tooltip->RemoveTool(*this, id);
+    m_tools.clear();
 }
 
 LRESULT TControlBar::EvNotify(UINT id, TNotify& notify) {

@@ -5,6 +5,8 @@
 // answers the question for it (owl/tooltip.h). A frame takes a bar by TFrameWindow::Insert.
 #pragma once
 
+#include <vector>
+
 #include "owl/gadget_window.h"
 
 namespace owl {
@@ -20,7 +22,7 @@ public:
 
     /// What shows the tips, to set its delays or to switch it off; it belongs to the bar. Null if somebody
     /// has deleted it: then there are no tips. Its tools are the gadgets with an id above 0, anew with each
-    /// layout.
+    /// layout, and what others have added, which stays until the bar's window ends.
     TTooltip* GetTooltip() const { return m_tooltip; }
 
     /// Answers TTN_NEEDTEXT by asking for the tip's text as for whether a command is enabled.
@@ -36,8 +38,11 @@ protected:
 private:
     bool HasTooltip() const;
     void MakeTools();
+    void RemoveTools();
 
     TTooltip* m_tooltip;
+    // The ids of the gadgets that are tools at present.
+    std::vector<UINT> m_tools;
     // The same object: asked for while it ends, too, when the other pointer can no longer be converted.
     const TWindow* m_tooltipBase;
 };

@@ -198,6 +198,12 @@ LRESULT TGadgetWindow::EvCommand(UINT id, HWND control, UINT notifyCode) {
     return Parent->EvCommand(id, control, notifyCode);
 }
 
+LRESULT TGadgetWindow::EvNotify(UINT id, TNotify& notify) {
+    if (Parent == nullptr || HasFunctionFor(WM_NOTIFY, id, notify.code))
+        return TWindow::EvNotify(id, notify);
+    return Parent->EvNotify(id, notify);
+}
+
 void TGadgetWindow::EvCommandEnable(TCommandEnabler& enabler) {
     const UINT id = enabler.GetId();
     if (Parent == nullptr || HasFunctionFor(WM_COMMAND_ENABLE, id) || HasFunctionFor(WM_COMMAND, id)) {

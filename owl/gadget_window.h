@@ -107,6 +107,7 @@ public:
     // Messages
 
     LRESULT EvCommand(UINT id, HWND control, UINT notifyCode) override;
+    LRESULT EvNotify(UINT id, TNotify& notify) override;
     void EvCommandEnable(TCommandEnabler& enabler) override;
     bool IdleAction(long idleCount) override;
     void Paint(TDC& dc, bool erase, TRect& rect) override;

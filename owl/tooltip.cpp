@@ -4,6 +4,7 @@
 #include <climits>
 #include <cstring>
 #include <string>
+#include <utility>
 
 #include "owl/command_text.h"
 
@@ -60,6 +61,45 @@ TTooltip::~TTooltip() = default;
 
 const char* TTooltip::GetClassName() {
     return TOOLTIPS_CLASSA;
+}
+
+void TTooltip::SetupWindow() {
+    m_atWork = 0;
+    m_ends = false;
+    TWindow::SetupWindow();
+}
+
+void TTooltip::Destroy(int retVal) {
+    if (m_atWork == 0 || !IsWindow()) {
+        TWindow::Destroy(retVal);
+        return;
+    }
+    m_ends = true;
+    ShowWindow(SW_HIDE);
+}
+
+// Whoever is asked may delete the object, or end the window by way of its owner.
+struct TTooltip::AtWork {
+    explicit AtWork(TTooltip& theTooltip) : tooltip(theTooltip), handle(theTooltip.GetHandle()) {
+        ++tooltip.m_atWork;
+    }
+    ~AtWork() {
+        if (FromHandle(handle) != &tooltip)
+            return;
+        --tooltip.m_atWork;
+        if (tooltip.m_atWork == 0 && std::exchange(tooltip.m_ends, false))
+            ::DestroyWindow(handle);
+    }
+    AtWork(const AtWork&) = delete;
+    AtWork& operator=(const AtWork&) = delete;
+
+    TTooltip& tooltip;
+    const HWND handle;
+};
+
+LRESULT TTooltip::WindowProc(UINT msg, WPARAM wParam, LPARAM lParam) {
+    const AtWork work(*this);
+    return TWindow::WindowProc(msg, wParam, lParam);
 }
 
 bool TTooltip::AddTool(const TWindow& window, const TRect& rect, UINT id, const char* text) {

@@ -62,8 +62,21 @@ public:
     /// Tells of a message of the mouse to a tool's window, in front of its dispatch.
     void RelayEvent(const MSG& msg);
 
+    void SetupWindow() override;
+    /// While the control is at work, as when it asks for a text, its window is hidden and ends as soon as it
+    /// is done: who is asked may destroy the window that has the tips.
+    void Destroy(int retVal = 0) override;
+    LRESULT WindowProc(UINT msg, WPARAM wParam, LPARAM lParam) override;
+
 protected:
     const char* GetClassName() override;
+
+private:
+    struct AtWork;
+
+    // How many messages the control is at work on, one within the other.
+    int m_atWork = 0;
+    bool m_ends = false;
 };
 
 /// The question what the tip of a command says, on its way through the windows. Unless somebody sets another

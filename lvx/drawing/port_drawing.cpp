@@ -35,11 +35,6 @@ private:
     Port& m_port;
 };
 
-/// A context for bitmaps that go to `dc`. A metafile has none like itself: it takes those of the screen.
-owl::TMemoryDC source_for(const owl::TDC& dc) {
-    return ::GetObjectType(dc) == OBJ_METADC ? owl::TMemoryDC() : owl::TMemoryDC(dc);
-}
-
 owl::TRect edges(const LVXRectangle& rectangle) {
     int left = 0;
     int top = 0;
@@ -56,7 +51,7 @@ void Port::drawBitMap(owl::TBitmap* bitmap, int x, int y) {
         return;
     }
     quietly([&] {
-        owl::TMemoryDC source = source_for(*m_dc);
+        owl::TMemoryDC source(*m_dc);
         source.SelectObject(*bitmap);
         owl::TSize size;
         bitmap->GetBitmapDimension(size);
@@ -70,7 +65,7 @@ void Port::drawBitMap(const owl::TBitmap& bitmap, const LVXRectangle& dest, cons
         return;
     }
     quietly([&] {
-        owl::TMemoryDC source = source_for(*m_dc);
+        owl::TMemoryDC source(*m_dc);
         source.SelectObject(bitmap);
         m_dc->SetStretchBltMode(COLORONCOLOR);
         m_dc->StretchBlt(edges(dest), source, edges(src), lvx::drawing::raster_operation(m_rule));

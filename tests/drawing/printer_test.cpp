@@ -3,22 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <climits>
-#include <functional>
 #include <stdexcept>
 
+#include "drawing/printed_drawing.h"
 #include "lvx/drawing/bitmap.h"
-#include "lvx/drawing/port.h"
-#include "lvx/drawing/region.h"
-#include "owl/printer.h"
 #include "support/vtable_slot.h"
-#include "tests/owl/driven_dialog.h"
 #include "tests/owl/object_counts.h"
-#include "tests/owl/printed.h"
 
+using lvx_test::PrinterTest;
 using lvx_test::slot_of;
-using owl::TColor;
-using owl_test::DefaultPrinter;
-using owl_test::FilePrinter;
 using owl_test::RenderedPage;
 using owl_test::RenderedPages;
 
@@ -27,117 +20,6 @@ namespace {
 /// The printer of the tests has 300 dots to the inch; its pages are rendered with 72 pixels to it.
 int rendered(int dots) {
     return dots * 72 / 300;
-}
-
-/// Keeps what would be told to the user in a box, and answers the print dialog.
-class QuietPrinter : public owl::TPrinter {
-public:
-    void ReportError(owl::TWindow*, owl::TPrintout& printout) override {
-        reports += printout.GetTitle() + ": " + GetErrorText() + "\n";
-    }
-
-    /// What the user does; null cancels.
-    std::function<void(owl::TPrintDialog::TData&)> answer;
-    std::string reports;
-    int asked = 0;
-
-protected:
-    bool ExecPrintDialog(owl::TWindow*, owl::TPrintDialog::TData& data) override {
-        ++asked;
-        if (answer) {
-            answer(data);
-        }
-        return answer != nullptr;
-    }
-};
-
-/// Draws each page by what a test says, or fills it with the colour of its number.
-class Pages : public LVXPrintCallbackInterface {
-public:
-    explicit Pages(LVXPrinter& device) : m_device(device) {}
-
-    void PrintPage(int page) override {
-        calls += std::to_string(page) + " ";
-        LVX::Port port(m_device);
-        ASSERT_TRUE(port.Open());
-        if (draw) {
-            draw(port, page);
-        } else {
-            Fill(port, page);
-        }
-    }
-
-    std::function<void(LVX::Port&, int page)> draw;
-    std::string calls;
-
-private:
-    void Fill(LVX::Port& port, int page) {
-        const TColor colours[] = {LVX::Red, LVX::Green, LVX::Blue};
-        LVXBrush brush(colours[(page - 1) % 3]);
-        port.useBrush(&brush);
-        int width = 0;
-        int height = 0;
-        m_device.sizeOfImage(&width, &height);
-        LVXRectangle all(RectSize, 0, 0, width, height);
-        port.fillRegion(&all, false);
-    }
-
-    LVXPrinter& m_device;
-};
-
-char letter_of(const RenderedPage& page) {
-    const TColor colour = page.At(300, 150);
-    return colour == LVX::Red     ? 'r'
-           : colour == LVX::Green ? 'g'
-           : colour == LVX::Blue  ? 'b'
-           : page.IsEmpty()       ? '-'
-                                  : '?';
-}
-
-std::string letters(const RenderedPages& pages) {
-    EXPECT_EQ("", pages.Problem());
-    std::string text;
-    for (std::size_t i = 0; i < pages.size(); ++i) {
-        text += letter_of(pages[i]);
-    }
-    return text;
-}
-
-/// A printer that prints to a file, and a document for it.
-struct PrinterTest : testing::Test {
-    PrinterTest() {
-        EXPECT_EQ("", file.Problem());
-        device.setCallback(&pages);
-    }
-
-    /// The pages that came out, a letter each; "nothing" if no job did.
-    std::string Printed() const { return file.HasPrinted() ? letters(file.Pages()) : "nothing"; }
-    bool Print(int count, bool prompt = false) { return device.print(desk.frame, prompt, count); }
-
-    FilePrinter file;
-    desk::Desk desk;
-    desk::Watchdog watchdog;
-    QuietPrinter printer;
-    LVXPrinter device{"Drawing", &printer};
-    Pages pages{device};
-};
-
-/// What a message box of that caption says; it is closed.
-std::string box_text;
-void close_box_when_it_comes() {
-    box_text.clear();
-    ::SetTimer(nullptr, 0, 100, [](HWND, UINT, UINT_PTR timer, DWORD) {
-        const HWND box = ::FindWindowA("#32770", "Print");
-        const HWND text = box != nullptr ? ::GetDlgItem(box, 0xFFFF) : nullptr;
-        if (text == nullptr) {
-            return;
-        }
-        ::KillTimer(nullptr, timer);
-        char buffer[200] = "";
-        ::GetWindowTextA(text, buffer, sizeof buffer);
-        box_text = buffer;
-        ::PostMessageA(box, WM_COMMAND, IDOK, 0);
-    });
 }
 
 }  // namespace
@@ -293,93 +175,6 @@ TEST_F(PrinterTest, prints_many_pages) {
     EXPECT_EQ(std::string(120, '-'), Printed());
 }
 
-// The user
-
-TEST_F(PrinterTest, lets_the_user_choose_among_its_pages) {
-    printer.answer = [](owl::TPrintDialog::TData& data) {
-        EXPECT_EQ(1, data.MinPage);
-        EXPECT_EQ(5, data.MaxPage);
-        EXPECT_EQ(1, data.FromPage);
-        EXPECT_EQ(5, data.ToPage);
-        EXPECT_EQ(1, data.Copies);
-        EXPECT_EQ(0u, data.Flags & PD_NOPAGENUMS);
-        data.Flags |= PD_PAGENUMS;
-        data.FromPage = 2;
-        data.ToPage = 4;
-    };
-    EXPECT_TRUE(Print(5, true));
-    EXPECT_EQ("2 3 4 ", pages.calls);
-    EXPECT_EQ("gbr", Printed());
-}
-
-TEST_F(PrinterTest, makes_the_copies_that_the_user_wants) {
-    printer.answer = [](owl::TPrintDialog::TData& data) { data.Copies = 2; };
-    EXPECT_TRUE(Print(2, true));
-    EXPECT_EQ("rrgg", Printed());
-    printer.answer = [](owl::TPrintDialog::TData& data) {
-        EXPECT_EQ(1, data.Copies) << "not as many as the last time";
-        data.Copies = 2;
-        data.Flags |= PD_COLLATE;
-    };
-    EXPECT_TRUE(Print(2, true));
-    EXPECT_EQ("rgrg", Printed());
-    EXPECT_TRUE(Print(2));
-    EXPECT_EQ("rg", Printed());
-}
-
-TEST_F(PrinterTest, prepares_the_setup_anew_for_each_job) {
-    owl::TPrintDialog::TData& setup = printer.GetSetup();
-    setup.Copies = 7;
-    setup.MinPage = setup.FromPage = 3;
-    setup.MaxPage = setup.ToPage = 4;
-    setup.Flags = PD_PAGENUMS;
-    EXPECT_TRUE(Print(2));
-    EXPECT_EQ("rg", Printed());
-    EXPECT_EQ(1, setup.Copies);
-    EXPECT_EQ(1, setup.MinPage);
-    EXPECT_EQ(2, setup.MaxPage);
-    EXPECT_EQ(1, setup.FromPage);
-    EXPECT_EQ(2, setup.ToPage);
-    EXPECT_EQ(DWORD{PD_PAGENUMS}, setup.Flags);
-}
-
-TEST_F(PrinterTest, is_driven_through_the_systems_dialog) {
-    class AskingPrinter : public owl::TPrinter {
-    protected:
-        bool ExecPrintDialog(owl::TWindow* parent, owl::TPrintDialog::TData& data) override {
-            constexpr int some_pages = 0x422;
-            desk::Driven<owl::TPrintDialog> dialog(parent, data);
-            dialog.action = [&] {
-                ASSERT_TRUE(desk::Activate(dialog));
-                desk::Press({VK_MENU, 'G'});
-                EXPECT_TRUE(
-                    desk::PumpUntil([&] { return dialog.IsDlgButtonChecked(some_pages) == BST_CHECKED; }));
-                dialog.SetDlgItemText(0x480, "3");
-                dialog.SetDlgItemText(0x481, "3");
-                desk::Press({VK_RETURN});
-            };
-            return dialog.Execute() == IDOK;
-        }
-    };
-    AskingPrinter asking;
-    LVXPrinter drawing("Drawing", &asking);
-    Pages thePages(drawing);
-    drawing.setCallback(&thePages);
-    ASSERT_TRUE(desk::Activate(*desk.frame));
-    EXPECT_TRUE(drawing.print(desk.frame, true, 3));
-    EXPECT_EQ("3 ", thePages.calls);
-    EXPECT_EQ("b", Printed());
-}
-
-TEST_F(PrinterTest, prints_nothing_when_the_user_cancels) {
-    printer.answer = nullptr;
-    EXPECT_FALSE(Print(3, true));
-    EXPECT_EQ("nothing", Printed());
-    EXPECT_EQ("", pages.calls);
-    EXPECT_EQ("", printer.reports);
-    EXPECT_EQ(1, printer.asked);
-}
-
 // The context
 
 TEST_F(PrinterTest, has_a_context_only_while_it_prints) {
@@ -524,88 +319,6 @@ TEST_F(PrinterTest, leaves_no_objects_behind) {
     EXPECT_EQ(owl_test::ObjectCounts{}, owl_test::Added(before, owl_test::CountObjects()));
 }
 
-// Other ways to a printer
-
-TEST_F(PrinterTest, goes_to_the_default_printer_when_none_is_given) {
-    LVXPrinter plain("Drawing", nullptr);
-    Pages thePages(plain);
-    plain.setCallback(&thePages);
-    EXPECT_TRUE(plain.print(nullptr, false, 2));
-    EXPECT_EQ("1 2 ", thePages.calls);
-    EXPECT_EQ("rg", Printed());
-    EXPECT_EQ(nullptr, plain.CreateICA());
-}
-
-TEST_F(PrinterTest, goes_to_the_printer_that_was_chosen) {
-    const FilePrinter other;
-    printer.SetPrinter("winspool", file.Name(), nullptr);
-    EXPECT_TRUE(Print(1));
-    EXPECT_FALSE(other.HasPrinted());
-    EXPECT_EQ("r", Printed());
-}
-
-TEST_F(PrinterTest, goes_by_its_title) {
-    EXPECT_EQ("Drawing", device.GetTitle());
-    const LVXPrinter nameless(nullptr, &printer);
-    EXPECT_EQ("", nameless.GetTitle());
-}
-
-TEST_F(PrinterTest, makes_a_context_to_ask_what_the_printer_can) {
-    EXPECT_FALSE(printer.GetSetup().HasDevice());
-    const HDC byDefault = device.CreateICA();
-    EXPECT_EQ(300, ::GetDeviceCaps(byDefault, LOGPIXELSX));
-    EXPECT_EQ(2500, ::GetDeviceCaps(byDefault, HORZRES));
-    EXPECT_EQ(DT_RASPRINTER, ::GetDeviceCaps(byDefault, TECHNOLOGY));
-    EXPECT_TRUE(::DeleteDC(byDefault));
-    EXPECT_FALSE(printer.GetSetup().HasDevice()) << "asking chooses nothing";
-    printer.SetPrinter("winspool", file.Name(), nullptr);
-    const HDC chosen = device.CreateICA();
-    EXPECT_EQ(300, ::GetDeviceCaps(chosen, LOGPIXELSX));
-    EXPECT_TRUE(::DeleteDC(chosen));
-}
-
-TEST_F(PrinterTest, asks_by_the_settings_of_the_printer) {
-    ASSERT_TRUE(owl::TPrintDialog(nullptr, printer.GetSetup()).ChooseDefault());
-    DEVMODEA* const mode = printer.GetSetup().GetDevMode();
-    ASSERT_NE(nullptr, mode);
-    mode->dmOrientation = DMORIENT_LANDSCAPE;
-    mode->dmFields |= DM_ORIENTATION;
-    const HDC landscape = device.CreateICA();
-    EXPECT_EQ(1250, ::GetDeviceCaps(landscape, HORZRES));
-    EXPECT_EQ(2500, ::GetDeviceCaps(landscape, VERTRES));
-    ::DeleteDC(landscape);
-}
-
-TEST_F(PrinterTest, has_no_context_of_a_printer_that_is_gone) {
-    printer.SetPrinter("winspool", "no such printer of ours", nullptr);
-    EXPECT_EQ(nullptr, device.CreateICA());
-}
-
 TEST(PrintCallback, has_its_one_operation_in_front) {
     EXPECT_EQ(0u, slot_of(&LVXPrintCallbackInterface::PrintPage));
-}
-
-// Nothing is installed in these.
-
-TEST(NoPrinter, is_told_by_the_printer_that_was_given) {
-    ASSERT_EQ("", DefaultPrinter::Name());
-    const desk::Desk desk;
-    QuietPrinter printer;
-    LVXPrinter device("Drawing", &printer);
-    EXPECT_FALSE(device.print(desk.frame, false, 1));
-    EXPECT_EQ("Drawing: there is no default printer\n", printer.reports);
-    EXPECT_EQ(nullptr, device.CreateICA());
-    EXPECT_EQ(nullptr, device.AcquireDC());
-}
-
-TEST(NoPrinter, is_told_in_a_box_when_none_was_given) {
-    ASSERT_EQ("", DefaultPrinter::Name());
-    const desk::Desk desk;
-    const desk::Watchdog watchdog;
-    LVXPrinter device("Drawing", nullptr);
-    for (const bool prompt : {false, true}) {
-        close_box_when_it_comes();
-        EXPECT_FALSE(device.print(desk.frame, prompt, 1));
-        EXPECT_EQ("\"Drawing\" could not be printed:\nthere is no default printer", box_text);
-    }
 }

@@ -216,7 +216,7 @@ TEST_F(Cover, is_some_across_an_edge) {
 // The last row's last word reaches behind the block, and a word that is not there is read one by one.
 TEST_F(Cover, is_not_all_where_words_reach_behind_the_end_of_the_block) {
     const SkewPart part{300, 300, 128, 16};
-    m_work->task.source.size -= m_work->task.source.stride * 210;
+    m_work->task.source.size -= static_cast<std::size_t>(m_work->task.source.stride * 210);
     EXPECT_EQ(SkewCover::some, Of(part.x, part.y, 0, 32));
     m_work->task.source.size = 3;
     EXPECT_EQ(SkewCover::some, Of(part.x, part.y, 0, 32));

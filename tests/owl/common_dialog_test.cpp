@@ -234,6 +234,7 @@ TEST_F(CommonDialogTest, needs_no_parent) {
 TEST_F(CommonDialogTest, of_a_parent_that_goes_is_cancelled) {
     auto* dialog = new FontDialog(desk.frame, data);
     EXPECT_EQ(IDCANCEL, Run(*dialog, [&] { ::DestroyWindow(desk.frame->GetHandle()); }));
+    ASSERT_FALSE(desk.frame->IsWindow());
     desk.application.MessageLoop();
 }
 
@@ -260,6 +261,17 @@ TEST_F(CommonDialogTest, throws_what_a_handler_throws_and_calls_no_other_after_i
     EXPECT_EQ(0, dialog.counted);
     EXPECT_FALSE(dialog.IsWindow());
     EXPECT_TRUE(desk.frame->IsWindowEnabled());
+}
+
+TEST_F(CommonDialogTest, may_be_given_up_while_it_is_set_up) {
+    FontDialog dialog(desk.frame, data);
+    dialog.setup = [&] { dialog.Destroy(); };
+    EXPECT_EQ(IDCANCEL, dialog.Execute());
+    EXPECT_FALSE(dialog.IsWindow());
+    EXPECT_FALSE(dialog.IsModal());
+    EXPECT_TRUE(desk.frame->IsWindowEnabled());
+    dialog.setup = nullptr;
+    EXPECT_EQ(IDOK, Run(dialog, [&] { dialog.PostMessage(WM_COMMAND, IDOK); }));
 }
 
 TEST_F(CommonDialogTest, works_again_after_an_exception) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "owl/command_enabler.h"
 #include "owl/dialog.h"
 #include "owl/tooltip.h"
@@ -25,10 +27,16 @@ public:
 
     void CePrint(owl::TCommandEnabler& enabler) {
         enabler.Enable(false);
-        if (dynamic_cast<owl::TTooltipEnabler*>(&enabler) != nullptr)
-            enabler.SetText("Put on paper");
+        if (dynamic_cast<owl::TTooltipEnabler*>(&enabler) == nullptr)
+            return;
+        enabler.SetText("Put on paper");
+        if (whenAsked)
+            whenAsked();
     }
     void CeHintAlone(owl::TCommandEnabler& enabler) { enabler.Enable(false); }
+
+    /// Called when a tip for the command is asked for.
+    std::function<void()> whenAsked;
 
     DECLARE_RESPONSE_TABLE(Frame);
 };
@@ -236,6 +244,24 @@ TEST_F(ControlBar, shows_the_tips_of_its_controls_too) {
     EXPECT_EQ("Save", TextOfTip());
 }
 
+// They were gone as soon as the frame got another size.
+TEST_F(ControlBar, keeps_the_tools_of_others_when_it_is_laid_out) {
+    TTooltip& tooltip = *bar->GetTooltip();
+    const HWND field = ::CreateWindowExA(0, "EDIT", "", WS_CHILD | WS_VISIBLE, 100, 0, 50, 18,
+                                         bar->GetHandle(), nullptr, nullptr, nullptr);
+    ASSERT_TRUE(tooltip.AddTool(*bar, field, "field"));
+    ASSERT_TRUE(tooltip.AddTool(*frame, TRect(0, 100, 50, 150), CM_GADGET_SAVE, "corner"));
+    EXPECT_EQ(4U, tooltip.NumTools());
+    bar->LayoutSession();
+    bar->MoveWindow(0, 0, 250, 20);
+    EXPECT_EQ(4U, tooltip.NumTools());
+    delete print;
+    EXPECT_EQ(3U, tooltip.NumTools());
+    bar->Destroy();
+    bar->Create();
+    EXPECT_EQ(1U, tooltip.NumTools());
+}
+
 TEST_F(ControlBar, in_a_modal_dialog_shows_tips_and_gives_commands) {
     BarDialog dialog(frame);
     EXPECT_EQ(CM_GADGET_SAVE, dialog.Execute());
@@ -254,6 +280,21 @@ TEST_F(ControlBar, works_without_its_tooltip) {
     mouse::MoveTo(*bar, TPoint(5, 5));
     EXPECT_TRUE(desk::PumpUntil([&] { return bar->AtMouse() == save; }));
     bar->Destroy();
+}
+
+// The control goes on with the tip that it was asking for.
+TEST_F(ControlBar, may_lose_its_window_while_it_is_asked_for_a_tip) {
+    const HWND tooltip = bar->GetTooltip()->GetHandle();
+    frame->whenAsked = [&] { bar->Destroy(); };
+    Rest(*print, 500);
+    EXPECT_FALSE(bar->IsWindow());
+    EXPECT_TRUE(desk::PumpUntil([&] { return !::IsWindow(tooltip); }));
+    frame->whenAsked = nullptr;
+    mouse::MoveAway();
+    bar->Create();
+    bar->GetTooltip()->SetDelay(TTooltip::Initial, 50);
+    ASSERT_TRUE(Rest(*save));
+    EXPECT_EQ("Save", TextOfTip());
 }
 
 TEST_F(ControlBar, keeps_its_tips_while_its_window_goes_and_comes) {

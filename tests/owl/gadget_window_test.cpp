@@ -1,5 +1,8 @@
 #include "owl/gadget_window.h"
 
+#include <windows.h>
+
+#include <commctrl.h>
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -39,6 +42,7 @@ public:
         enabler.SetCheck(owl::TCommandEnabler::Checked);
     }
     void CnList() { calls.push_back("list"); }
+    void NmClick(owl::TNotify&) { calls.push_back("click"); }
     void ShowHint(int command, const std::string& text) override {
         calls.push_back(std::to_string(command) + ":" + text);
     }
@@ -50,7 +54,7 @@ public:
 
 DEFINE_RESPONSE_TABLE1(Frame, owl::TFrameWindow)
     EV_COMMAND(CM_GADGET_SAVE, CmSave), EV_COMMAND_ENABLE(CM_GADGET_PRINT, CePrint),
-        EV_LBN_SELCHANGE(9, CnList),
+        EV_LBN_SELCHANGE(9, CnList), EV_NOTIFY(9, NM_CLICK, NmClick),
 END_RESPONSE_TABLE;
 
 /// A bar with functions of its own.
@@ -64,6 +68,7 @@ public:
         enabler.Enable();
     }
     void CnList() { calls.push_back("bar's list"); }
+    void NmClick(owl::TNotify&) { calls.push_back("bar's click"); }
 
     Calls calls;
 
@@ -72,7 +77,7 @@ public:
 
 DEFINE_RESPONSE_TABLE1(OwnBar, TGadgetWindow)
     EV_COMMAND(CM_GADGET_SAVE, CmSave), EV_COMMAND_ENABLE(CM_GADGET_PRINT, CePrint),
-        EV_LBN_SELCHANGE(9, CnList),
+        EV_LBN_SELCHANGE(9, CnList), EV_NOTIFY(9, NM_CLICK, NmClick),
 END_RESPONSE_TABLE;
 
 class Enabler : public owl::TCommandEnabler {
@@ -357,6 +362,22 @@ TEST_F(BarCommands, let_a_control_in_the_bar_tell_the_parent) {
                                         bar->GetHandle(), reinterpret_cast<HMENU>(9), nullptr, nullptr);
     bar->SendMessage(WM_COMMAND, MAKEWPARAM(9, LBN_SELCHANGE), reinterpret_cast<LPARAM>(list));
     EXPECT_EQ(Calls{"list"}, frame->calls);
+}
+
+void Click(TGadgetWindow& bar) {
+    owl::TNotify click{bar.GetHandle(), 9, static_cast<UINT>(NM_CLICK)};
+    bar.SendMessage(WM_NOTIFY, 9, reinterpret_cast<LPARAM>(&click));
+}
+
+TEST_F(BarCommands, let_a_common_control_in_the_bar_tell_the_parent) {
+    Click(*bar);
+    EXPECT_EQ(Calls{"click"}, frame->calls);
+}
+
+TEST_F(OwnBarCommands, leave_it_to_the_bar_what_its_common_controls_tell) {
+    Click(*bar);
+    EXPECT_EQ(Calls{"bar's click"}, bar->calls);
+    EXPECT_EQ(Calls(), frame->calls);
 }
 
 TEST_F(OwnBarCommands, stay_with_a_bar_that_has_functions_for_them) {

@@ -1,7 +1,7 @@
-// Tests that something can be made and ended a thousand times and leaves no object of the system behind.
+// Tests that something can be made and ended again and again and leaves no object of the system behind.
 //
 // A kind is a class with a `name`, an operation Round(), which makes some and ends them, and the number of
-// `rounds` that come to a thousand. It is constructed once, on the desk.
+// `rounds` that come to a thousand, or to what there is time for. It is constructed once, on the desk.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -227,6 +227,19 @@ TEST_P(OpenSaveDialogTest, throws_what_setup_throws) {
     EXPECT_EQ(IDCANCEL, RunTyping(dialog, "", VK_ESCAPE));
 }
 
+TEST_P(OpenSaveDialogTest, may_be_given_up_while_it_is_set_up) {
+    Open dialog(desk.frame, data);
+    data.FileName = "given.txt";
+    dialog.setup = [&] { dialog.Destroy(); };
+    EXPECT_EQ(IDCANCEL, dialog.Execute());
+    EXPECT_FALSE(dialog.IsWindow());
+    EXPECT_FALSE(dialog.IsModal());
+    EXPECT_TRUE(desk.frame->IsWindowEnabled());
+    EXPECT_EQ("given.txt", data.FileName);
+    dialog.setup = nullptr;
+    EXPECT_EQ(IDCANCEL, RunTyping(dialog, "", VK_ESCAPE));
+}
+
 TEST_P(OpenSaveDialogTest, works_again_with_the_same_objects) {
     Open dialog(desk.frame, data);
     auto* ok = new owl::TButton(&dialog, IDOK);

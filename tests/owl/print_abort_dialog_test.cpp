@@ -119,12 +119,14 @@ TEST_F(PrintAbortDialogTest, cancels_one_job_and_not_the_next) {
 TEST_F(PrintAbortDialogTest, that_goes_with_its_parent_cancels) {
     EXPECT_FALSE(PrintActing([this] { ::DestroyWindow(desk.frame->GetHandle()); }));
     ExpectCancelled();
+    ASSERT_FALSE(desk.frame->IsWindow());
     desk.application.MessageLoop();
 }
 
 TEST_F(PrintAbortDialogTest, cancels_when_the_program_is_to_end) {
     EXPECT_FALSE(PrintActing([] { ::PostQuitMessage(42); }));
     ExpectCancelled();
+    ASSERT_FALSE(HasFailure());
     EXPECT_EQ(42, desk.application.MessageLoop());
 }
 

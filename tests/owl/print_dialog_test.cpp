@@ -132,6 +132,18 @@ TEST_F(PrintDialogTest, leaves_the_data_alone_when_it_is_cancelled) {
     EXPECT_EQ(0u, data.Error);
 }
 
+TEST_F(PrintDialogTest, may_be_given_up_while_it_is_set_up) {
+    PrintDialog dialog(desk.frame, data);
+    dialog.setup = [&] { dialog.Destroy(); };
+    for (const DWORD kind : {DWORD{0}, DWORD{PD_PRINTSETUP}}) {
+        data.Flags = kind;
+        EXPECT_EQ(IDCANCEL, dialog.Execute());
+        EXPECT_FALSE(dialog.IsWindow());
+        EXPECT_FALSE(data.HasDevice());
+        EXPECT_TRUE(desk.frame->IsWindowEnabled());
+    }
+}
+
 TEST_F(PrintDialogTest, begins_with_what_was_chosen_before) {
     PrintDialog dialog(desk.frame, data);
     ASSERT_EQ(IDOK, Run(dialog, [&] { dialog.CmOk(); }));

@@ -100,8 +100,7 @@ private:
             m_problem = "/bin/sh cannot be started";
             return;
         }
-        ::CloseHandle(process.hThread);
-        ::CloseHandle(process.hProcess);
+        // What stands in `process` now is of no use: Wine has no handles for such a program.
         const DWORD start = ::GetTickCount();
         while (!std::filesystem::exists(m_folder.File("done")) && ::GetTickCount() - start < 60000)
             ::Sleep(20);

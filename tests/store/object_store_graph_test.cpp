@@ -3,6 +3,7 @@
 #include <memory>
 #include <vector>
 
+#include "lvx/drawing/my_font.h"
 #include "lvx/store/object_factory.h"
 #include "lvx/store/object_store.h"
 #include "support/bytes.h"
@@ -15,27 +16,6 @@ using lvx_test::hex;
 using lvx_test::Node;
 using lvx_test::RecordingStore;
 using lvx_test::inner::Leaf;
-
-// A font as drawings store it, under the plain name that they know it by.
-class myFont : public virtual Storable {
-public:
-    myFont() = default;
-    myFont(std::string face, double size, bool bold) : m_face(std::move(face)), m_size(size), m_bold(bold) {}
-
-    void PutTo(ObjectStore& store) const override {
-        store << m_face << m_size << m_bold << m_italic << m_underline << m_strikeout;
-    }
-    void GetFrom(ObjectStore& store) override {
-        store >> m_face >> m_size >> m_bold >> m_italic >> m_underline >> m_strikeout;
-    }
-
-    std::string m_face;
-    double m_size = 0;
-    bool m_bold = false;
-    bool m_italic = false;
-    bool m_underline = false;
-    bool m_strikeout = false;
-};
 
 namespace {
 
@@ -75,8 +55,8 @@ constexpr const char* node_5 = "'Bclvx_test::Node' 0D 0A 'o' 05 00 00 00 00 00 0
 }  // namespace
 
 TEST_F(ObjectGraph, the_worked_example_is_written_byte_for_byte) {
-    const myFont arial("Arial", 10.0, true);
-    const myFont sans("Sans", 8.0, false);
+    const myFont arial("Arial", 10.0, true, false, false, false);
+    const myFont sans("Sans", 8.0, false, false, false, false);
     RecordingStore store;
     store << 3L << arial << arial << sans;
     EXPECT_EQ(hex(bytes(worked_example)), hex(store.Data()));
@@ -84,8 +64,8 @@ TEST_F(ObjectGraph, the_worked_example_is_written_byte_for_byte) {
 }
 
 TEST_F(ObjectGraph, ascii_changes_the_three_markers_and_nothing_else) {
-    const myFont arial("Arial", 10.0, true);
-    const myFont sans("Sans", 8.0, false);
+    const myFont arial("Arial", 10.0, true, false, false, false);
+    const myFont sans("Sans", 8.0, false, false, false, false);
     RecordingStore store;
     store.SetAscii(true);
     store << 3L << arial << arial << sans;
@@ -105,12 +85,12 @@ TEST_F(ObjectGraph, the_worked_example_is_read_back) {
     EXPECT_EQ(first.get(), again);
     const auto& arial = dynamic_cast<const myFont&>(*first);
     const auto& sans = dynamic_cast<const myFont&>(*second);
-    EXPECT_EQ("Arial", arial.m_face);
-    EXPECT_EQ(10.0, arial.m_size);
-    EXPECT_TRUE(arial.m_bold);
-    EXPECT_EQ("Sans", sans.m_face);
-    EXPECT_EQ(8.0, sans.m_size);
-    EXPECT_FALSE(sans.m_bold);
+    EXPECT_EQ("Arial", arial.Face());
+    EXPECT_EQ(10.0, arial.Size());
+    EXPECT_TRUE(arial.Bold());
+    EXPECT_EQ("Sans", sans.Face());
+    EXPECT_EQ(8.0, sans.Size());
+    EXPECT_FALSE(sans.Bold());
     EXPECT_EQ("myFont", store.ClassName());
     EXPECT_THROW(store.GetChar(), ObjectStore::UnexpectedEOF);
 }

@@ -81,7 +81,8 @@ private:
     HWND FindFrame() const {
         HWND window = nullptr;
         while ((window = ::FindWindowExA(nullptr, window, nullptr, nullptr)) != nullptr) {
-            if (::IsWindowVisible(window) && m_program.Owns(window) && ::GetDlgItem(window, IDC_VIEW) != nullptr)
+            if (::IsWindowVisible(window) && m_program.Owns(window) &&
+                ::GetDlgItem(window, IDC_VIEW) != nullptr)
                 return window;
         }
         return nullptr;

@@ -59,8 +59,8 @@ private:
     int Height() const { return static_cast<int>(Field(m_source, 8, 4)); }
     int Depth() const { return static_cast<int>(Field(m_source, 14, 2)); }
 
-    static std::uint64_t TableSize(const std::string& block) {
-        const std::uint64_t used = Field(block, 32, 4);
+    static std::size_t TableSize(const std::string& block) {
+        const std::size_t used = Field(block, 32, 4);
         if (used != 0) {
             return used * 4;
         }

@@ -1,4 +1,4 @@
-// What the library draws with: ports, tools, rules, shapes, devices.
+// What the library draws with: ports, tools, rules, shapes, devices, images.
 #include "gallery.h"
 #include "scenes.h"
 
@@ -16,5 +16,7 @@ int main(int argc, char** argv) {
              "Faces out of the list of those that there are, every third in italics, and the stock tools",
              &gallery::ShowFaces},
             {"drawing-devices", "A drawing on bitmaps and in a metafile", &gallery::ShowDevices},
+            {"drawing-images", "An image stretched, inverted, clipped, blended over and turned",
+             &gallery::ShowImages},
         });
 }

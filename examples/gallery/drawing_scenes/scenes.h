@@ -1,4 +1,4 @@
-// The scenes of ports, tools, shapes and devices.
+// The scenes of ports, tools, shapes, devices and images.
 #pragma once
 
 namespace gallery {
@@ -9,5 +9,6 @@ void ShowShapes();
 void ShowPortFonts();
 void ShowFaces();
 void ShowDevices();
+void ShowImages();
 
 }  // namespace gallery

@@ -18,7 +18,7 @@ public:
     bool CanClose() override;
 
 private:
-    SeenCorner m_corner = UpperRight;
+    SeenCorner m_corner = UpperLeft;
     owl::TSize m_way;
 };
 

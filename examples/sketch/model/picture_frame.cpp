@@ -32,14 +32,18 @@ owl::TSize PictureFrame::WayToOwn(const owl::TSize& way) const {
             static_cast<int>(std::lround(way.cx * std::sin(angle) + way.cy * std::cos(angle)))};
 }
 
-std::vector<owl::TPoint> PictureFrame::Corners() const {
+std::array<Place, 4> PictureFrame::OwnCorners() const {
     const double right = size.cx;
     const double bottom = size.cy;
     std::array<Place, 4> corners{Place{0, 0}, Place{right, 0}, Place{right, bottom}, Place{0, bottom}};
     corners[skew.corner].x += skew.dx;
     corners[skew.corner].y += skew.dy;
+    return corners;
+}
+
+std::vector<owl::TPoint> PictureFrame::Corners() const {
     std::vector<owl::TPoint> places;
-    for (const Place& corner : corners) {
+    for (const Place& corner : OwnCorners()) {
         places.push_back(ToSheet(corner));
     }
     return places;
@@ -62,7 +66,9 @@ Place PictureFrame::SkewedMiddle() const {
 }
 
 owl::TPoint PictureFrame::Knob() const {
-    return ToSheet({size.cx / 2.0, -knob_distance});
+    const std::array<Place, 4> corners = OwnCorners();
+    return ToSheet({(corners[UpperLeft].x + corners[UpperRight].x) / 2,
+                    (corners[UpperLeft].y + corners[UpperRight].y) / 2 - knob_distance});
 }
 
 double PictureFrame::AngleBetween(const owl::TPoint& from, const owl::TPoint& to) const {

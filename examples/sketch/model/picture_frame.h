@@ -43,6 +43,7 @@ struct PictureFrame {
     /// A way on the sheet in the picture's own coordinates.
     owl::TSize WayToOwn(const owl::TSize& way) const;
 
+    std::array<Place, 4> OwnCorners() const;
     /// The four corners on the sheet, with the clock from the upper left one, the pulled one where it is now.
     std::vector<owl::TPoint> Corners() const;
     /// What the skewed picture takes, in the picture's own coordinates.

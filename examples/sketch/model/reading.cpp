@@ -16,8 +16,15 @@ Reading::~Reading() {
     s_current = nullptr;
 }
 
+Reading& Reading::Current() {
+    if (s_current == nullptr) {
+        throw DocumentError("Figures can be read as parts of a document only.");
+    }
+    return *s_current;
+}
+
 void Reading::Keep(const std::shared_ptr<Storable>& object) {
-    s_current->m_objects[object.get()] = object;
+    Current().m_objects[object.get()] = object;
 }
 
 std::shared_ptr<Storable> Reading::ReadAny(ObjectStore& store) {
@@ -27,7 +34,7 @@ std::shared_ptr<Storable> Reading::ReadAny(ObjectStore& store) {
         throw DocumentError("Something is missing in it.");
     }
     // One that is not known was made by another class's creator: it is handed over here.
-    std::shared_ptr<Storable>& kept = s_current->m_objects[object];
+    std::shared_ptr<Storable>& kept = Current().m_objects[object];
     if (kept == nullptr) {
         kept.reset(object);
     }

@@ -19,7 +19,8 @@ public:
     Reading(const Reading&) = delete;
     Reading& operator=(const Reading&) = delete;
 
-    /// The creator that the classes of a document are registered with in the ObjectFactory.
+    /// The creator that the classes of a document are registered with in the ObjectFactory. Throws
+    /// DocumentError without a Reading.
     template <class T>
     static Storable* Create(ObjectStore& store);
 
@@ -29,6 +30,7 @@ public:
     static std::shared_ptr<T> Read(ObjectStore& store);
 
 private:
+    static Reading& Current();
     static std::shared_ptr<Storable> ReadAny(ObjectStore& store);
     static void Keep(const std::shared_ptr<Storable>& object);
     [[noreturn]] static void RefuseClass(const Storable& object);

@@ -51,9 +51,9 @@ public:
         Shoot("1-opened", m_sketch.Frame());
         TurnAPicture();
         SkewAPicture();
-        DrawShapes();
         Shoot("4-menu", OpenMenu());
         CloseMenu();
+        DrawShapes();
         ShowTheLookOfShapes();
         Save();
         Reopen();

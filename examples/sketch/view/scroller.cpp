@@ -49,19 +49,23 @@ bool Scroller::Fit(HWND window, const owl::TRect& contents) {
     return MoveTo(window, m_origin);
 }
 
+// 0 is always to be had: what comes to lie above or left of it does not push all the rest away.
+owl::TPoint Scroller::Last() const {
+    return {std::max<int>(m_area.right - m_page.cx, 0), std::max<int>(m_area.bottom - m_page.cy, 0)};
+}
+
 bool Scroller::MoveTo(HWND window, const owl::TPoint& origin) {
     const owl::TPoint before = m_origin;
-    m_origin.x = std::max<int>(m_area.left, std::min<int>(origin.x, m_area.right - m_page.cx));
-    m_origin.y = std::max<int>(m_area.top, std::min<int>(origin.y, m_area.bottom - m_page.cy));
+    m_origin.x = std::clamp(origin.x, m_area.left, Last().x);
+    m_origin.y = std::clamp(origin.y, m_area.top, Last().y);
     Show(window);
     return !(m_origin == before);
 }
 
 void Scroller::Show(HWND window) const {
-    ShowBar(window, SB_HORZ, m_area.left, std::max<int>(m_area.right, m_area.left + m_page.cx), m_page.cx,
-            m_origin.x);
-    ShowBar(window, SB_VERT, m_area.top, std::max<int>(m_area.bottom, m_area.top + m_page.cy), m_page.cy,
-            m_origin.y);
+    const owl::TPoint end = Last() + m_page;
+    ShowBar(window, SB_HORZ, m_area.left, end.x, m_page.cx, m_origin.x);
+    ShowBar(window, SB_VERT, m_area.top, end.y, m_page.cy, m_origin.y);
 }
 
 bool Scroller::Answer(HWND window, int bar, UINT code) {

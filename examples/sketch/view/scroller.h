@@ -21,6 +21,7 @@ public:
     bool MoveTo(HWND window, const owl::TPoint& origin);
 
 private:
+    owl::TPoint Last() const;
     void Show(HWND window) const;
 
     owl::TPoint m_origin;

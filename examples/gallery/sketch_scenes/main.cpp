@@ -1,0 +1,127 @@
+// The example host, as its user sees it.
+#include <stdexcept>
+#include <string>
+
+#include "gallery.h"
+#include "support/sketch_program.h"
+
+namespace {
+
+using user::Press;
+using user::SketchProgram;
+
+std::string FileBesideThisProgram(const char* name) {
+    char file[MAX_PATH] = "";
+    ::GetModuleFileNameA(nullptr, file, sizeof file);
+    const std::string program = file;
+    return program.substr(0, program.rfind('\\') + 1) + name;
+}
+
+std::string SamplePicture(const std::string& name) {
+    std::string file = std::string(LVX_SAMPLE_PICTURES) + "/" + name;
+    for (char& letter : file) {
+        if (letter == '/') {
+            letter = '\\';
+        }
+    }
+    return "Z:" + file;
+}
+
+// The program with a drawing that shows what it can.
+class Sketch {
+public:
+    Sketch() : m_sketch(FileBesideThisProgram("sketch.exe")) {
+        m_sketch.ComeToFront();
+        ::MoveWindow(m_sketch.Frame(), 60, 60, 680, 500, TRUE);
+        DrawShapes();
+        AddRose();
+    }
+
+    const SketchProgram& Program() const { return m_sketch; }
+    void Show(const char* title, WORD key) const {
+        Press({VK_CONTROL, key});
+        m_sketch.Dialog(title);
+        gallery::Pose(gallery::PlaceOf(m_sketch.Frame()));
+    }
+
+private:
+    void DrawShapes() const {
+        Press({VK_F3});
+        m_sketch.Pull({60, 250}, {200, 380});
+        SetColour("y", 1);
+        Press({VK_F4});
+        m_sketch.Pull({140, 290}, {300, 400});
+        SetColour("s", 1);
+        Press({VK_F5});
+        m_sketch.ClickAt(500, 60);
+        m_sketch.ClickAt(610, 120);
+        m_sketch.ClickAt(580, 210);
+        m_sketch.DoubleClickAt(470, 160);
+        SetColour("o", 3);
+    }
+    void SetColour(const char* letter, int width) const {
+        Press({VK_CONTROL, 'L'});
+        const HWND dialog = m_sketch.Dialog("Line and Fill");
+        user::Type(std::to_string(width));
+        ::CheckDlgButton(dialog, IDC_FILLED, BST_CHECKED);
+        Press({VK_MENU, 'O'});
+        user::Type(letter);
+        Press({VK_RETURN});
+        m_sketch.IsGone(dialog);
+    }
+    // Twice: turned, and skewed by a corner.
+    void AddRose() const {
+        Press({VK_CONTROL, 'P'});
+        m_sketch.ChooseFile("Add a Picture", SamplePicture("testorig.jpg"));
+        const POINT middle = Middle();
+        m_sketch.Pull(middle, {180, 140});
+        Press({VK_CONTROL, 'D'});
+        m_sketch.Pull({196, 156}, {430, 300});
+        m_sketch.Pull({543, 225}, {613, 245});
+        Press({VK_SHIFT, VK_TAB});
+        Press({VK_CONTROL, VK_OEM_COMMA});
+    }
+    POINT Middle() const {
+        RECT rect{};
+        ::GetClientRect(m_sketch.View(), &rect);
+        return {rect.right / 2, rect.bottom / 2};
+    }
+
+    SketchProgram m_sketch;
+};
+
+void ShowDrawing() {
+    const Sketch sketch;
+    gallery::Pose(gallery::PlaceOf(sketch.Program().Frame()));
+}
+
+void ShowMenu() {
+    const Sketch sketch;
+    Press({VK_MENU, 'D'});
+    if (user::WaitForShown(user::drop_down_class, nullptr) == nullptr) {
+        throw std::runtime_error("the menu does not open");
+    }
+    gallery::Pose(gallery::PlaceOf(sketch.Program().Frame()));
+}
+
+void ShowSkew() {
+    const Sketch sketch;
+    sketch.Show("Skew", 'K');
+}
+
+void ShowLook() {
+    const Sketch sketch;
+    sketch.Show("Line and Fill", 'L');
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    return gallery::Run(argc, argv,
+                        {
+                            {"sketch", "The example host, a turned picture selected", &ShowDrawing},
+                            {"sketch-menu", "Its menu of tools", &ShowMenu},
+                            {"sketch-skew", "Its dialog to skew a picture", &ShowSkew},
+                            {"sketch-look", "Its dialog for lines and fills", &ShowLook},
+                        });
+}
