@@ -1,4 +1,6 @@
 #include <algorithm>
+#include <bit>
+#include <cstdint>
 #include <vector>
 
 #include "lvx/images/colour_writer.h"
@@ -14,18 +16,54 @@ using Colours = std::vector<std::uint32_t>;
 constexpr std::uint32_t white = 0x00FFFFFF;
 constexpr std::uint32_t black = 0;
 
-// All pixels, the upper row first.
-Colours colours_of(const TurnSource& source) {
-    const auto width = static_cast<std::size_t>(source.width);
-    const auto rows = static_cast<std::size_t>(source.rows);
-    Colours colours(width * rows);
-    const ColourReader reader(source.format, source.table);
-    for (std::size_t y = 0; y < rows; ++y) {
-        const std::size_t row = source.is_top_down ? y : rows - 1 - y;
-        reader.Read(source.pixels + row * source.stride, width, &colours[y * width]);
+// The pixels as colours: those of the block itself where they are, else read from it.
+class SourceColours {
+public:
+    explicit SourceColours(const TurnSource& source) {
+        if (AreColours(source)) {
+            Borrow(source);
+        } else {
+            Read(source);
+        }
     }
-    return colours;
-}
+    SourceColours(const SourceColours&) = delete;
+    SourceColours& operator=(const SourceColours&) = delete;
+
+    const std::uint32_t* UpperRow() const { return m_upper_row; }
+    /// From a row to the one below it.
+    std::ptrdiff_t Stride() const { return m_stride; }
+
+private:
+    static bool AreColours(const TurnSource& source) {
+        const bool is_aligned = reinterpret_cast<std::uintptr_t>(source.pixels) % alignof(std::uint32_t) == 0;
+        return source.format.depth == 32 && !source.format.HasMasks() && is_aligned &&
+               std::endian::native == std::endian::little;
+    }
+
+    void Borrow(const TurnSource& source) {
+        const std::ptrdiff_t rows = source.rows;
+        m_stride = source.is_top_down ? source.width : -std::ptrdiff_t{source.width};
+        m_upper_row = reinterpret_cast<const std::uint32_t*>(source.pixels) -
+                      (source.is_top_down ? 0 : (rows - 1) * m_stride);
+    }
+
+    void Read(const TurnSource& source) {
+        const auto width = static_cast<std::size_t>(source.width);
+        const auto rows = static_cast<std::size_t>(source.rows);
+        m_colours.resize(width * rows);
+        const ColourReader reader(source.format, source.table);
+        for (std::size_t y = 0; y < rows; ++y) {
+            const std::size_t row = source.is_top_down ? y : rows - 1 - y;
+            reader.Read(source.pixels + row * source.stride, width, &m_colours[y * width]);
+        }
+        m_upper_row = m_colours.data();
+        m_stride = source.width;
+    }
+
+    Colours m_colours;
+    const std::uint32_t* m_upper_row = nullptr;
+    std::ptrdiff_t m_stride = 0;
+};
 
 owl::TTurnedPicture turned_picture(const TurnTask& task) {
     const TurnFrame& frame = task.frame;
@@ -58,7 +96,7 @@ void write_default_table(const TurnTarget& target) {
 
 bool turn_in_memory(const TurnTask& task) {
     const TurnTarget& target = task.target;
-    const Colours colours = colours_of(task.source);
+    const SourceColours colours(task.source);
     const owl::TTurnedPicture turned = turned_picture(task);
     ColourWriter writer(target.format);
     Colours row(static_cast<std::size_t>(target.width));
@@ -68,7 +106,7 @@ bool turn_in_memory(const TurnTask& task) {
         owl::TTurnedPicture::TRun run = turned.RunOf(y);
         run = {std::max(run.begin, 0), std::min(run.end, target.width)};
         if (run.begin < run.end) {
-            turned.CopyRun(colours.data(), task.source.width, y, run,
+            turned.CopyRun(colours.UpperRow(), colours.Stride(), y, run,
                            &row[static_cast<std::size_t>(run.begin)]);
         }
         writer.Write(row.data(), row.size(),

@@ -120,6 +120,18 @@ TEST(TurningInMemory, of_rows_from_the_top_down_gives_them_from_the_bottom_up) {
               letters_of(lvx_test::turn(turn_in_memory, turned).pixels, 4));
 }
 
+// A header of an odd length leaves the pixels at an odd address.
+TEST(TurningInMemory, reads_pixels_that_are_not_aligned) {
+    for (const std::size_t shift : {1u, 2u, 3u}) {
+        for (const double angle : {0.0, pi / 2}) {
+            TurnCase turned = letter_case(picture, angle);
+            turned.behind_header = std::string(shift, '?');
+            const Turned result = lvx_test::turn(turn_in_memory, turned);
+            EXPECT_EQ(turned_letters(picture, angle), letters_of(result.pixels, angle == 0 ? 4 : 3)) << shift;
+        }
+    }
+}
+
 TEST(TurningInMemory, fills_the_padding_of_a_row_with_0) {
     TurnCase turned;
     turned.info = {.width = 3, .height = 2, .depth = 24};
