@@ -12,22 +12,25 @@ namespace {
 
 class PrinterSetup : public lvx_test::PrinterTest {};
 
-/// What a message box of that caption says; it is closed.
+/// What the box said that was closed.
 std::string box_text;
+
+void CALLBACK close_box(HWND, UINT, UINT_PTR timer, DWORD) {
+    const HWND box = ::FindWindowA("#32770", "Print");
+    const HWND text = box != nullptr ? ::GetDlgItem(box, 0xFFFF) : nullptr;
+    if (text == nullptr) {
+        return;
+    }
+    ::KillTimer(nullptr, timer);
+    char buffer[200] = "";
+    ::GetWindowTextA(text, buffer, sizeof buffer);
+    box_text = buffer;
+    ::PostMessageA(box, WM_COMMAND, IDOK, 0);
+}
+
 void close_box_when_it_comes() {
     box_text.clear();
-    ::SetTimer(nullptr, 0, 100, [](HWND, UINT, UINT_PTR timer, DWORD) {
-        const HWND box = ::FindWindowA("#32770", "Print");
-        const HWND text = box != nullptr ? ::GetDlgItem(box, 0xFFFF) : nullptr;
-        if (text == nullptr) {
-            return;
-        }
-        ::KillTimer(nullptr, timer);
-        char buffer[200] = "";
-        ::GetWindowTextA(text, buffer, sizeof buffer);
-        box_text = buffer;
-        ::PostMessageA(box, WM_COMMAND, IDOK, 0);
-    });
+    ::SetTimer(nullptr, 0, 100, &close_box);
 }
 
 }  // namespace
