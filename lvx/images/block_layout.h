@@ -31,9 +31,11 @@ struct BlockLayout {
 
     std::uint64_t PixelsSize() const { return picture_size(width, rows, header.biBitCount); }
 
-    /// Whether the block can be meant to hold what it claims. What it lacks of that reads as 0.
+    /// Whether the block can be meant to hold what it claims, counting 32 bits for smaller pixels: that is
+    /// what they take when something is made of them. What a block lacks reads as 0.
     bool IsCredible() const {
-        const std::uint64_t pixels = PixelsSize();
+        const std::uint16_t depth = std::max<std::uint16_t>(header.biBitCount, 32);
+        const std::uint64_t pixels = picture_size(width, rows, depth);
         return pixels + pixels_at >= pixels && is_credible_picture(pixels + pixels_at, size);
     }
 };

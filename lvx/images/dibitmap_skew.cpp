@@ -1,6 +1,8 @@
 // Skewed pictures: what becomes of the block around the pixels.
 #include <algorithm>
 #include <cstring>
+#include <limits>
+#include <new>
 #include <stdexcept>
 
 #include "lvx/images/block.h"
@@ -27,13 +29,15 @@ std::uint64_t skewed_pixels_size(const SkewFrame& frame) {
                                      static_cast<std::uint32_t>(frame.height), skewed_depth);
 }
 
+bool is_too_large(const SkewFrame& frame) {
+    constexpr std::int64_t most = std::numeric_limits<std::int32_t>::max();
+    return frame.width > most || frame.height > most ||
+           skewed_pixels_size(frame) > lvx::images::largest_block;
+}
+
 // As long as if the new block had the old one's header and table, though its header has 40 bytes always.
 std::uint64_t skewed_block_size(const BlockLayout& source, const SkewFrame& frame) {
-    const std::uint64_t pixels = skewed_pixels_size(frame);
-    if (pixels > lvx::images::largest_block) {
-        throw std::bad_alloc();
-    }
-    return std::max<std::uint64_t>(source.pixels_at + pixels, sizeof(BITMAPINFOHEADER));
+    return std::max<std::uint64_t>(source.pixels_at + skewed_pixels_size(frame), sizeof(BITMAPINFOHEADER));
 }
 
 // A picture whose first row is the top one keeps it there.
@@ -94,6 +98,9 @@ lvx::auto_ptr<DIBitmap> DIBitmap::SkewPoint(Rectangles::Corner corner, int dx, i
     const lvx::images::SkewMap map(frame.corners);
     if (!layout.IsCredible()) {
         throw std::runtime_error("Not a valid bitmap");
+    }
+    if (is_too_large(frame)) {
+        throw std::bad_alloc();
     }
     lvx::auto_ptr<DIBitmap> result(new DIBitmap(nullptr, Adopt));
     result->m_block = lvx::images::allocate_block(GMEM_MOVEABLE, skewed_block_size(layout, frame));

@@ -70,7 +70,7 @@ struct SkewApproximator::Reach {
     double base_x;
     double base_y;
 
-    // The greatest of the coordinates counted from the base, and of those in the new picture.
+    // The greatest of the coordinates, counted from the base.
     double FarX() const { return x.High() - base_x; }
     double FarY() const { return y.High() - base_y; }
 };

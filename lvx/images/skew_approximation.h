@@ -72,7 +72,6 @@ private:
     double ErrorOfY(const Reach& reach) const;
     double ErrorOfX(const Reach& reach, const SkewApproximation& out) const;
     void FillLimits(const Reach& reach, double error, SkewApproximation& out) const;
-    double WholeRows() const;
 
     const SkewTask& m_task;
     const SkewMap::Stage& m_first;

@@ -60,7 +60,8 @@ public:
           m_stride(static_cast<uint32_t>(task.source.stride)),
           m_depth(task.source.depth),
           m_last_column(static_cast<float>(part.width - 1)),
-          m_last_word(static_cast<int32_t>(task.source.size < INT32_MAX ? task.source.size : INT32_MAX) - 4) {}
+          m_last_word(static_cast<int32_t>(task.source.size < INT32_MAX ? task.source.size : INT32_MAX) - 4) {
+    }
 
     void Run() const {
         SkewCover covers[most_blocks];

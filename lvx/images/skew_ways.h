@@ -12,7 +12,8 @@ namespace lvx::images {
 void skew_plainly(const SkewTask& task, const SkewPart& part);
 
 /// Several samples at once with floats, and with doubles the pixels of which floats cannot tell what is seen
-/// there. Requires: are_lanes_enough(), and that the approximation is one of the part.
+/// there. Requires: a machine whose words are little-endian, a source of at least one whole word whose bytes
+/// and whose bits in a row can be counted in 31 bits, and an approximation of the part.
 using SkewByLanes = void(const SkewTask& task, const SkewPart& part, const SkewApproximation& approximation);
 
 /// Four at once, as the processors can that this is built for.

@@ -93,7 +93,15 @@ TEST(BlockLayout, believes_what_is_small_or_there) {
     EXPECT_TRUE(layout_of(Info{.width = 4000, .height = 4000}.Header()).IsCredible());
     EXPECT_FALSE(layout_of(Info{.width = 5000, .height = 5000}.Header()).IsCredible());
     EXPECT_TRUE(
-        layout_of(Info{.width = 5000, .height = 5000}.Header() + std::string(80000, 'x')).IsCredible());
+        layout_of(Info{.width = 5000, .height = 5000}.Header() + std::string(100000, 'x')).IsCredible());
+}
+
+TEST(BlockLayout, counts_small_pixels_as_what_becomes_of_them) {
+    for (const std::uint32_t depth : {0u, 1u, 8u, 32u}) {
+        EXPECT_TRUE(layout_of(Info{.width = 4000, .height = 4000, .depth = depth}.Header()).IsCredible());
+        EXPECT_FALSE(layout_of(Info{.width = 5000, .height = 5000, .depth = depth}.Header()).IsCredible());
+    }
+    EXPECT_FALSE(layout_of(Info{.width = 4000, .height = 4000, .depth = 64}.Header()).IsCredible());
 }
 
 TEST(BlockLayout, does_not_believe_what_wraps) {

@@ -262,7 +262,7 @@ TEST(Rotated, is_null_for_a_block_that_claims_far_more_than_it_holds) {
 
 TEST(Rotated, has_no_block_of_2_GiB_or_more) {
     const std::string line =
-        Info{.width = 1 << 29, .height = 1, .depth = 1}.Header() + std::string(100000, '\0');
+        Info{.width = 1 << 24, .height = 1, .depth = 1}.Header() + std::string(100000, '\0');
     EXPECT_THROW(rotated(line, pi / 4), std::bad_alloc);
     // The sides fit, but not what they enclose.
     const std::string shorter =

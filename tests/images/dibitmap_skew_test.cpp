@@ -214,6 +214,9 @@ TEST(SkewPoint, of_a_corner_that_is_dragged_in_without_end_is_as_large_as_before
 TEST(SkewPoint, refuses_a_block_that_claims_far_more_than_it_holds) {
     const std::string pixels = Info{.width = 20000, .height = 20000}.Header() + std::string(100, 'x');
     EXPECT_THROW_TEXT(skewed(pixels, TopLeft, 1, 1), std::runtime_error, "Not a valid bitmap");
+    const std::string none = Info{.width = 1, .height = std::numeric_limits<int>::min(), .depth = 0}.Header();
+    EXPECT_THROW_TEXT(skewed(none, TopLeft, 0, std::numeric_limits<int>::min()), std::runtime_error,
+                      "Not a valid bitmap");
     const std::string table = Info{.width = 1, .height = 1, .used = 0xFFFFFFFF}.Header() + "pixels";
     EXPECT_THROW_TEXT(skewed(table, TopLeft, 2, 2), std::runtime_error, "Not a valid bitmap");
     const std::string header = Info{.width = 1, .height = 1, .size_word = 0xFFFFFFFF}.Header() + "pixels";

@@ -18,6 +18,12 @@ bool can_go() {
     return can;
 }
 
+TEST(SkewByEight, comes_to_what_is_told_for_all_tiny_pictures) {
+    if (can_go()) {
+        lvx_test::expect_all_tiny_pictures_as_told(SkewWay::by_eight);
+    }
+}
+
 TEST(SkewByEight, comes_to_what_is_told_for_small_pictures) {
     if (can_go()) {
         lvx_test::expect_small_pictures_as_told(SkewWay::by_eight);

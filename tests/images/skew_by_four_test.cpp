@@ -7,6 +7,10 @@ namespace {
 
 using lvx::images::SkewWay;
 
+TEST(SkewByFour, comes_to_what_is_told_for_all_tiny_pictures) {
+    lvx_test::expect_all_tiny_pictures_as_told(SkewWay::by_four);
+}
+
 TEST(SkewByFour, comes_to_what_is_told_for_small_pictures) {
     lvx_test::expect_small_pictures_as_told(SkewWay::by_four);
 }

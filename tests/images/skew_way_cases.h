@@ -58,6 +58,30 @@ inline void expect_small_pictures_as_told(lvx::images::SkewWay way) {
     EXPECT_GT(skewed, 3000);
 }
 
+/// All sizes up to 3 by 3, and every way that leads at most two pixels beyond the picture on either side.
+inline void expect_all_tiny_pictures_as_told(lvx::images::SkewWay way) {
+    SkewDice dice(7);
+    SkewCase skewed;
+    int compared = 0;
+    for (skewed.width = 1; skewed.width <= 3; ++skewed.width) {
+        for (skewed.height = 1; skewed.height <= 3; ++skewed.height) {
+            for (const std::uint32_t depth : {1u, 4u, 8u, 16u, 24u, 32u}) {
+                skewed.depth = depth;
+                const std::string block = dice.Block(skewed);
+                for (const int corner : {5, 6, 9, 10}) {
+                    skewed.corner = corner;
+                    for (skewed.dx = -skewed.width - 2; skewed.dx <= skewed.width + 2; ++skewed.dx) {
+                        for (skewed.dy = -skewed.height - 2; skewed.dy <= skewed.height + 2; ++skewed.dy) {
+                            compared += skews_as_told(skewed, block, way) ? 1 : 0;
+                        }
+                    }
+                }
+            }
+        }
+    }
+    EXPECT_GT(compared, 12000);
+}
+
 /// Larger ones, in several parts of which some lie in the picture wholly, and some not at all.
 inline void expect_larger_pictures_as_told(lvx::images::SkewWay way) {
     const SkewCase cases[] = {
