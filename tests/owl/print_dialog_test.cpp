@@ -107,7 +107,9 @@ TEST_F(PrintDialogTest, gives_what_is_typed) {
 }
 
 TEST_F(PrintDialogTest, names_a_file_as_the_output_when_that_is_chosen) {
-    const TestPrinter other("/tmp/never-written");
+    const TestPrinter other("/tmp/never-written", "lvx other printer");
+    ASSERT_EQ("", other.Problem());
+    const DefaultPrinter otherIsDefault("lvx other printer");
     PrintDialog dialog(desk.frame, data);
     EXPECT_EQ(IDOK, Run(dialog, [&] {
                   dialog.CheckDlgButton(to_file, BST_CHECKED);

@@ -78,7 +78,10 @@ private:
         info.pPrintProcessor = processor;
         info.pDatatype = type;
         m_printer = ::AddPrinterA(nullptr, 2, reinterpret_cast<BYTE*>(&info));
-        return m_printer || ::GetLastError() == ERROR_PRINTER_ALREADY_EXISTS;
+        // One that a program left behind by dying is taken over, so that it goes with this object as well.
+        if (!m_printer && ::GetLastError() == ERROR_PRINTER_ALREADY_EXISTS)
+            ::OpenPrinterA(m_name.data(), &m_printer, nullptr);
+        return m_printer != nullptr;
     }
 
     std::string m_name;
