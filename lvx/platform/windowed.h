@@ -5,6 +5,9 @@
 
 #ifdef _WIN32
 
+#include "lvx/controls/edit.h"
+#include "lvx/controls/float_edit.h"
+#include "lvx/controls/int_edit.h"
 #include "lvx/drawing/bitmap.h"
 #include "lvx/drawing/brush.h"
 #include "lvx/drawing/device.h"
