@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "support/place_on_screen.h"
+
 namespace user {
 
 namespace detail {
@@ -122,13 +124,22 @@ bool WaitUntil(const Done& done, DWORD milliseconds = 10000) {
 }
 
 /// Waits until a window is in front and stays there for a moment: the window manager has its say after the
-/// system.
+/// system. Then the screen is to show it where the system believes it to be; it is put there if need be.
+/// Where others hide that from above, it goes on after a while.
 inline bool WaitUntilInFront(HWND window) {
     const auto inFront = [&] { return ::GetForegroundWindow() == window; };
+    int moves = 0;
     for (int tries = 0; tries < 10; ++tries) {
-        if (WaitUntil(inFront, 1000) && !WaitUntil([&] { return !inFront(); }, 120))
+        if (!WaitUntil(inFront, 1000) || WaitUntil([&] { return !inFront(); }, 120)) {
+            ::SetForegroundWindow(window);
+        } else if (moves == 2 || WaitUntil([&] { return IsInItsPlace(window); }, 1000)) {
             return true;
-        ::SetForegroundWindow(window);
+        } else {
+            ++moves;
+            MoveToItsPlace(window);
+            // The window manager answers to each step.
+            ::Sleep(500);
+        }
     }
     return false;
 }
