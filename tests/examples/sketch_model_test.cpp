@@ -16,8 +16,8 @@
 #include "sketch/model/document_file.h"
 #include "sketch/model/drawing.h"
 #include "sketch/model/error.h"
-#include "sketch/model/packed_bitmap.h"
 #include "sketch/model/picture.h"
+#include "sketch/model/picture_check.h"
 #include "sketch/model/picture_file.h"
 #include "sketch/model/polygon.h"
 #include "sketch/model/reading.h"
@@ -169,6 +169,13 @@ COLORREF ColourInFile(const std::string& file, const TPoint& place) {
                static_cast<BYTE>(file[colour]));
 }
 
+// Skewing mixes each pixel with its neighbours.
+bool AreAlike(COLORREF a, COLORREF b) {
+    const auto differ = [](BYTE x, BYTE y) { return std::abs(x - y) > 16; };
+    return !differ(GetRValue(a), GetRValue(b)) && !differ(GetGValue(a), GetGValue(b)) &&
+           !differ(GetBValue(a), GetBValue(b));
+}
+
 }  // namespace
 
 TEST(SketchBox, keeps_the_opposite_corner_when_one_is_pulled) {
@@ -309,14 +316,33 @@ TEST(SketchPicture, has_its_colours_on_the_screen_whatever_its_kind) {
     }
 }
 
-TEST(SketchPackedBitmap, refuses_what_claims_more_than_it_holds) {
-    std::string block = Header(10, 10, 24);
-    block += std::string(10 * 32 - 1, '\0');
-    EXPECT_THROW(sketch::PackedBitmap{*BitmapOf(block)}, sketch::DocumentError);
-    EXPECT_NO_THROW(sketch::PackedBitmap{*BitmapOf(block + std::string(1, '\0'))});
+TEST(SketchPicture, keeps_its_colours_when_it_is_turned_or_skewed_whatever_its_kind) {
+    const std::string folder = lvx_test::own_data() + "/pictures/";
+    for (const char* name : {"pal8os2.bmp", "pal8topdown.bmp", "pal8v4.bmp", "rgb24.bmp"}) {
+        const sketch::Bitmap bitmap = sketch::LoadPicture(folder + name);
+        const std::string file = lvx_test::read_file(folder + name);
+        // The left end stays where it is when the upper right corner is pulled to the right.
+        const auto skewed = sketch::ForScreen(*sketch::Skewed(bitmap, {sketch::UpperRight, 30, 0}));
+        ASSERT_EQ(TSize(157, 64), skewed->Size()) << name;
+        EXPECT_TRUE(AreAlike(ColourInFile(file, {1, 1}), PixelOf(*skewed, 1, 1))) << name;
+        EXPECT_TRUE(AreAlike(ColourInFile(file, {1, 62}), PixelOf(*skewed, 1, 62))) << name;
+        EXPECT_NE(PixelOf(*skewed, 1, 1), PixelOf(*skewed, 1, 62)) << name;
+        // What was at the left end is at the right one after half a turn.
+        const auto turned = sketch::ForScreen(*sketch::Turned(bitmap, std::numbers::pi));
+        const TSize size = turned->Size();
+        EXPECT_EQ(ColourInFile(file, {3, 3}), PixelOf(*turned, size.cx - 4, size.cy - 4)) << name;
+        EXPECT_EQ(ColourInFile(file, {3, 60}), PixelOf(*turned, size.cx - 4, 3)) << name;
+    }
 }
 
-TEST(SketchPackedBitmap, refuses_sides_and_kinds_that_cannot_be) {
+TEST(SketchPictureCheck, refuses_what_claims_more_than_it_holds) {
+    std::string block = Header(10, 10, 24);
+    block += std::string(10 * 32 - 1, '\0');
+    EXPECT_THROW(sketch::CheckPicture(*BitmapOf(block)), sketch::DocumentError);
+    EXPECT_NO_THROW(sketch::CheckPicture(*BitmapOf(block + std::string(1, '\0'))));
+}
+
+TEST(SketchPictureCheck, refuses_sides_and_kinds_that_cannot_be) {
     const std::string pixels(4000, '\0');
     for (const auto& [width, height, bits] : {std::tuple{0, 10, 24},
                                               {-1, 10, 24},
@@ -324,14 +350,14 @@ TEST(SketchPackedBitmap, refuses_sides_and_kinds_that_cannot_be) {
                                               {10, INT_MIN, 24},
                                               {INT_MAX, 1, 24},
                                               {10, 10, 3}}) {
-        EXPECT_THROW(sketch::PackedBitmap{*BitmapOf(Header(width, height, bits) + pixels)},
+        EXPECT_THROW(sketch::CheckPicture(*BitmapOf(Header(width, height, bits) + pixels)),
                      sketch::DocumentError)
             << width << " x " << height << ", " << bits;
     }
-    EXPECT_THROW(sketch::PackedBitmap{DIBitmap(nullptr, DIBitmap::Copy)}, sketch::DocumentError);
+    EXPECT_THROW(sketch::CheckPicture(DIBitmap(nullptr, DIBitmap::Copy)), sketch::DocumentError);
     std::string coded = Header(10, 10, 8) + pixels;
     coded[16] = BI_RLE8;
-    EXPECT_THROW(sketch::PackedBitmap{*BitmapOf(coded)}, sketch::DocumentError);
+    EXPECT_THROW(sketch::CheckPicture(*BitmapOf(coded)), sketch::DocumentError);
 }
 
 TEST(SketchDocument, comes_back_from_its_file_as_it_was) {

@@ -10,6 +10,7 @@
 #include "owl/region.h"
 #include "sketch/model/coordinates.h"
 #include "sketch/model/corners.h"
+#include "sketch/model/picture_check.h"
 #include "sketch/model/reading.h"
 
 namespace sketch {
@@ -52,6 +53,7 @@ double ReadReal(ObjectStore& store, double limit) {
 
 Picture::Picture(Bitmap bitmap, std::string name, const owl::TPoint& place)
     : m_bitmap(std::move(bitmap)), m_name(std::move(name)) {
+    CheckPicture(*m_bitmap);
     const owl::TSize size = SizeOf(*m_bitmap);
     m_frame = {size, {place.x + size.cx / 2.0, place.y + size.cy / 2.0}, 0, {}};
     m_skewed = m_bitmap;
@@ -65,6 +67,7 @@ void Picture::PutTo(ObjectStore& store) const {
 
 void Picture::GetFrom(ObjectStore& store) {
     m_bitmap = Reading::Read<LVXUtilities::DIBitmap>(store);
+    CheckPicture(*m_bitmap);
     store >> m_name;
     m_frame.size = SizeOf(*m_bitmap);
     m_frame.middle.x = ReadReal(store, farthest);

@@ -4,11 +4,11 @@
 #include <cstring>
 #include <new>
 
+#include "lvx/drawing/bitmap.h"
 #include "lvx/images/global_locker.h"
-#include "owl/memory_dc.h"
+#include "owl/dc.h"
 #include "owl/window_dc.h"
 #include "sketch/model/error.h"
-#include "sketch/model/packed_bitmap.h"
 
 namespace sketch {
 namespace {
@@ -19,61 +19,40 @@ namespace Rectangles = LVXUtilities::Rectangles;
 
 constexpr std::int64_t most_pixels = 64 * 1024 * 1024;
 
-bool DrawOn(const owl::TBitmap& target, const PackedBitmap& packed) {
-    owl::TMemoryDC dc;
-    dc.SelectObject(target);
-    const owl::TRect all(0, 0, packed.Width(), packed.Height());
-    return dc.StretchDIBits(all, all, packed.Bits(), packed.Info());
+Bitmap FromSection(const DIBSECTION& section) {
+    const std::size_t size =
+        static_cast<std::size_t>(section.dsBm.bmWidthBytes) * static_cast<std::size_t>(section.dsBm.bmHeight);
+    const BITMAPINFOHEADER& header = section.dsBmih;
+    HGLOBAL block = ::GlobalAlloc(GMEM_MOVEABLE, sizeof header + size);
+    if (block == nullptr) {
+        throw std::bad_alloc();
+    }
+    {
+        const GlobalLocker<char> bytes(block);
+        std::memcpy(bytes.get(), &header, sizeof header);
+        std::memcpy(bytes.get() + sizeof header, section.dsBm.bmBits, size);
+    }
+    return std::make_shared<DIBitmap>(block, DIBitmap::Adopt);
 }
 
-// A picture of 24 bits in memory that is drawn on.
-class Section {
-public:
-    Section(int width, int height)
-        : m_header{sizeof m_header, width, height, 1, 24, BI_RGB, 0, 0, 0, 0, 0},
-          m_bitmap(::CreateDIBSection(nullptr, reinterpret_cast<const BITMAPINFO*>(&m_header), DIB_RGB_COLORS,
-                                      &m_pixels, nullptr, 0),
-                   owl::AutoDelete) {
-        if (m_pixels == nullptr) {
-            throw std::bad_alloc();
-        }
-    }
-
-    bool Draw(const PackedBitmap& packed) { return DrawOn(m_bitmap, packed); }
-
-    Bitmap ToBitmap() const {
-        BITMAP section;
-        m_bitmap.GetObject(section);
-        const std::size_t size =
-            static_cast<std::size_t>(section.bmWidthBytes) * static_cast<std::size_t>(section.bmHeight);
-        HGLOBAL block = ::GlobalAlloc(GMEM_MOVEABLE, sizeof m_header + size);
-        if (block == nullptr) {
-            throw std::bad_alloc();
-        }
-        {
-            const GlobalLocker<char> bytes(block);
-            std::memcpy(bytes.get(), &m_header, sizeof m_header);
-            std::memcpy(bytes.get() + sizeof m_header, m_pixels, size);
-        }
-        return std::make_shared<DIBitmap>(block, DIBitmap::Adopt);
-    }
-
-private:
-    BITMAPINFOHEADER m_header;
-    void* m_pixels = nullptr;
-    owl::TBitmap m_bitmap;
-};
-
+// The library turns and skews blocks as they are: one with a colour table would get other colours, one with
+// the top row first would be skewed upside down. So any other than the plainest is drawn into a plain one.
 Bitmap PlainColour(const Bitmap& bitmap) {
-    const PackedBitmap packed(*bitmap);
-    if (packed.IsPlainColour()) {
+    if (bitmap->GetBitsPerPixel() == 24 && bitmap->GetHeight() > 0) {
         return bitmap;
     }
-    Section section(packed.Width(), packed.Height());
-    if (!section.Draw(packed)) {
-        throw DocumentError("The system cannot draw a picture.");
+    const owl::TRect all(0, 0, bitmap->GetWidth(), std::abs(bitmap->GetHeight()));
+    LVXBitmap plain(all.Width(), all.Height(), nullptr);
+    owl::TDC* const dc = plain.AcquireDC();
+    if (dc == nullptr) {
+        throw std::bad_alloc();
     }
-    return section.ToBitmap();
+    bitmap->StretchDIBits(*dc, all, all, SRCCOPY, nullptr);
+    plain.ReleaseDC();
+    ::GdiFlush();
+    DIBSECTION section{};
+    ::GetObjectA(plain.getBitmap(0), sizeof section, &section);
+    return FromSection(section);
 }
 
 // The library counts rows from the bottom one.
@@ -98,12 +77,11 @@ Bitmap Shared(Pointer made) {
 }  // namespace
 
 std::shared_ptr<owl::TBitmap> ForScreen(const DIBitmap& bitmap) {
-    const PackedBitmap packed(bitmap);
-    auto result = std::make_shared<owl::TBitmap>(owl::TScreenDC(), packed.Width(), packed.Height());
-    if (!DrawOn(*result, packed)) {
+    std::shared_ptr<owl::TBitmap> made(bitmap.MakeBitmap(owl::TScreenDC()).release());
+    if (made == nullptr) {
         throw DocumentError("The system cannot draw a picture.");
     }
-    return result;
+    return made;
 }
 
 Bitmap Skewed(const Bitmap& bitmap, const Skew& skew) {
@@ -122,7 +100,6 @@ Bitmap Turned(const Bitmap& bitmap, double angle) {
     if (angle == 0) {
         return bitmap;
     }
-    // In full colours: the turned picture of one with a colour table gets the system's own table.
     Bitmap turned = Shared(PlainColour(bitmap)->Rotated(angle));
     if (turned == nullptr) {
         throw DocumentError("The system cannot turn a picture.");

@@ -96,6 +96,8 @@ private:
     void Tell();
     void UseTool(int command);
     void SelectNeighbour(int step);
+    /// To another place between the lowest and the topmost figure.
+    void MoveSelected(int index);
     void Nudge(const owl::TSize& way);
     bool AnswerArrow(UINT key);
     void ShowSelection();

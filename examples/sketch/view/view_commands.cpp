@@ -63,24 +63,21 @@ void View::CmDuplicate() {
 }
 
 void View::CmToFront() {
-    if (m_selected == none) {
-        return;
-    }
-    Figures figures = Contents();
-    figures.push_back(SelectedFigure());
-    figures.erase(figures.begin() + m_selected);
-    const auto last = static_cast<int>(figures.size()) - 1;
-    Edit(std::move(figures), last);
+    MoveSelected(static_cast<int>(Contents().size()) - 1);
 }
 
 void View::CmToBack() {
+    MoveSelected(0);
+}
+
+void View::MoveSelected(int index) {
     if (m_selected == none) {
         return;
     }
     Figures figures = Contents();
-    figures.insert(figures.begin(), SelectedFigure());
-    figures.erase(figures.begin() + m_selected + 1);
-    Edit(std::move(figures), 0);
+    figures.erase(figures.begin() + m_selected);
+    figures.insert(figures.begin() + index, SelectedFigure());
+    Edit(std::move(figures), index);
 }
 
 // Of the selected shape, and of those to come.
