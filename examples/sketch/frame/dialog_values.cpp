@@ -15,14 +15,18 @@ bool IsWithin(double number, double least, double most) {
 bool Refuse(owl::TDialog& dialog, int id, const std::string& kind, double least, double most) {
     const std::string text = "Please enter " + kind + " from " + std::to_string(std::lround(least)) + " to " +
                              std::to_string(std::lround(most)) + ".";
-    dialog.MessageBox(text.c_str(), dialog.GetWindowText().c_str(), MB_OK | MB_ICONEXCLAMATION);
-    const HWND field = dialog.GetDlgItem(id);
-    dialog.SendMessage(WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(field), TRUE);
-    ::SendMessageA(field, EM_SETSEL, 0, -1);
+    RefuseField(dialog, id, text);
     return false;
 }
 
 }  // namespace
+
+void RefuseField(owl::TDialog& dialog, int id, const std::string& text) {
+    dialog.MessageBox(text.c_str(), dialog.GetWindowText().c_str(), MB_OK | MB_ICONEXCLAMATION);
+    const HWND field = dialog.GetDlgItem(id);
+    dialog.SendMessage(WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(field), TRUE);
+    ::SendMessageA(field, EM_SETSEL, 0, -1);
+}
 
 bool ReadField(owl::TDialog& dialog, int id, double least, double most, double& number) {
     const std::string text = lvx::trim(dialog.GetDlgItemText(id));

@@ -12,4 +12,7 @@ bool ReadField(owl::TDialog& dialog, int id, double least, double most, double& 
 /// Likewise a whole number.
 bool ReadField(owl::TDialog& dialog, int id, int least, int most, int& number);
 
+/// Shows `text` in a box and goes to the field, all of it selected.
+void RefuseField(owl::TDialog& dialog, int id, const std::string& text);
+
 }  // namespace sketch

@@ -4,6 +4,7 @@
 
 #include "owl/dialog.h"
 #include "owl/open_save_dialog.h"
+#include "sketch/frame/printing.h"
 #include "sketch/frame/sketch_ids.h"
 #include "sketch/model/error.h"
 
@@ -124,6 +125,10 @@ void Frame::CmSaveAs() {
     SaveAs();
 }
 
+void Frame::CmPrint() {
+    PrintFigures(*this, m_printer, m_document.Title(), m_document.Contents());
+}
+
 void Frame::CmAddPicture() {
     owl::TOpenSaveDialog::TData data(OFN_EXPLORER | OFN_HIDEREADONLY | OFN_FILEMUSTEXIST, pictures);
     if (owl::TFileOpenDialog(this, data, owl::TResId(), "Add a Picture").Execute() != IDOK) {
@@ -145,8 +150,8 @@ void Frame::CmAbout() {
 
 DEFINE_RESPONSE_TABLE1(Frame, owl::TFrameWindow)
     EV_COMMAND(CM_NEW, CmNew), EV_COMMAND(CM_OPEN, CmOpen), EV_COMMAND(CM_SAVE, CmSave),
-        EV_COMMAND(CM_SAVE_AS, CmSaveAs), EV_COMMAND(CM_ADD_PICTURE, CmAddPicture),
-        EV_COMMAND(CM_EXIT, CmExit), EV_COMMAND(CM_ABOUT, CmAbout),
+        EV_COMMAND(CM_SAVE_AS, CmSaveAs), EV_COMMAND(CM_PRINT, CmPrint),
+        EV_COMMAND(CM_ADD_PICTURE, CmAddPicture), EV_COMMAND(CM_EXIT, CmExit), EV_COMMAND(CM_ABOUT, CmAbout),
 END_RESPONSE_TABLE;
 
 }  // namespace sketch

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "owl/frame_window.h"
+#include "owl/printer.h"
 #include "sketch/frame/status_line.h"
 #include "sketch/model/document.h"
 #include "sketch/view/view.h"
@@ -24,6 +25,7 @@ public:
     void CmOpen();
     void CmSave();
     void CmSaveAs();
+    void CmPrint();
     void CmAddPicture();
     void CmExit() { CloseWindow(); }
     void CmAbout();
@@ -38,6 +40,7 @@ private:
     void TellFailure(const std::string& file, const char* what, const char* cause);
 
     Document m_document;
+    owl::TPrinter m_printer;
     View* m_view;
     StatusLine* m_status;
 

@@ -6,10 +6,12 @@
 #include <functional>
 #include <memory>
 
+#include "lvx/drawing/my_font.h"
 #include "lvx/drawing/port.h"
 #include "owl/window.h"
 #include "sketch/model/document.h"
 #include "sketch/model/picture.h"
+#include "sketch/model/text.h"
 #include "sketch/view/scroller.h"
 #include "sketch/view/sheet.h"
 #include "sketch/view/tool.h"
@@ -59,6 +61,7 @@ public:
     void CmSelectPrevious() { SelectNeighbour(-1); }
     void CmSelectNone() { Select(none); }
     void CmLook();
+    void CmText();
     void CmTool(UINT command);
     void CmTurnLeft();
     void CmTurnRight();
@@ -69,6 +72,7 @@ public:
     void CeUndo(owl::TCommandEnabler& enabler);
     void CeRedo(owl::TCommandEnabler& enabler);
     void CeSelection(owl::TCommandEnabler& enabler);
+    void CeText(owl::TCommandEnabler& enabler);
     void CePicture(owl::TCommandEnabler& enabler);
     void CeFigures(owl::TCommandEnabler& enabler);
     void CeTool(owl::TCommandEnabler& enabler);
@@ -83,6 +87,8 @@ private:
     void HidePreview() override;
     void Replace(const FigurePointer& figure) override;
     void Add(const FigurePointer& figure) override;
+    void AddText(const owl::TPoint& place) override;
+    void ChangeSelected() override;
     const Look& CurrentLook() const override { return m_look; }
     void Redraw() override { Invalidate(false); }
     owl::TRect Visible() const override;
@@ -105,6 +111,7 @@ private:
     owl::TPoint OnSheet(const owl::TPoint& point) const;
     FigurePointer SelectedFigure() const;
     const Picture* SelectedPicture() const;
+    const Text* SelectedText() const;
     template <class Change>
     void ChangePicture(const Change& change);
     void TurnByDegrees(double degrees);
@@ -116,6 +123,8 @@ private:
     LVX::Port m_port{m_sheet};
     Scroller m_scroller;
     Look m_look;
+    // Of the text to come.
+    myFont m_font{"Arial", 18, false, false, false, false};
     int m_selected = none;
     FigurePointer m_preview;
     std::unique_ptr<Tool> m_tool;

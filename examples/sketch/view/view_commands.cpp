@@ -5,6 +5,7 @@
 #include "sketch/frame/look_dialog.h"
 #include "sketch/frame/sketch_ids.h"
 #include "sketch/frame/skew_dialog.h"
+#include "sketch/frame/text_dialog.h"
 #include "sketch/frame/turn_dialog.h"
 #include "sketch/model/error.h"
 #include "sketch/model/picture_file.h"
@@ -30,6 +31,19 @@ void View::AddPicture(const std::string& file) {
     picture->MoveBy(
         {(seen.left + seen.right - bounds.Width()) / 2, (seen.top + seen.bottom - bounds.Height()) / 2});
     Add(picture);
+}
+
+const Text* View::SelectedText() const {
+    return dynamic_cast<const Text*>(SelectedFigure().get());
+}
+
+void View::AddText(const owl::TPoint& place) {
+    TextDialog dialog(this, "", m_font);
+    if (dialog.Execute() != IDOK) {
+        return;
+    }
+    m_font = dialog.Font();
+    Add(std::make_shared<Text>(dialog.Words(), m_font, m_look, place));
 }
 
 void View::CmUndo() {
@@ -93,6 +107,29 @@ void View::CmLook() {
         const std::shared_ptr<Figure> changed = selected->Clone();
         *changed->LookOf() = m_look;
         Replace(changed);
+    }
+}
+
+void View::CmText() {
+    const Text* const selected = SelectedText();
+    if (selected == nullptr) {
+        return;
+    }
+    TextDialog dialog(this, selected->Words(), selected->Font());
+    if (dialog.Execute() != IDOK) {
+        return;
+    }
+    m_font = dialog.Font();
+    const auto changed = std::make_shared<Text>(*selected);
+    changed->Write(dialog.Words(), m_font);
+    Replace(changed);
+}
+
+void View::ChangeSelected() {
+    if (SelectedText() != nullptr) {
+        CmText();
+    } else if (SelectedFigure()->LookOf() != nullptr) {
+        CmLook();
     }
 }
 
@@ -161,6 +198,10 @@ void View::CeSelection(owl::TCommandEnabler& enabler) {
     enabler.Enable(m_selected != none);
 }
 
+void View::CeText(owl::TCommandEnabler& enabler) {
+    enabler.Enable(SelectedText() != nullptr);
+}
+
 void View::CePicture(owl::TCommandEnabler& enabler) {
     enabler.Enable(SelectedPicture() != nullptr);
 }
@@ -185,7 +226,8 @@ DEFINE_RESPONSE_TABLE1(View, owl::TWindow)
         EV_COMMAND(CM_SELECT_PREVIOUS, CmSelectPrevious), EV_COMMAND(CM_SELECT_NONE, CmSelectNone),
         EV_COMMAND(CM_LOOK, CmLook), EV_COMMAND_AND_ID(CM_TOOL_SELECT, CmTool),
         EV_COMMAND_AND_ID(CM_TOOL_RECTANGLE, CmTool), EV_COMMAND_AND_ID(CM_TOOL_ELLIPSE, CmTool),
-        EV_COMMAND_AND_ID(CM_TOOL_POLYGON, CmTool), EV_COMMAND(CM_TURN_LEFT, CmTurnLeft),
+        EV_COMMAND_AND_ID(CM_TOOL_POLYGON, CmTool), EV_COMMAND_AND_ID(CM_TOOL_TEXT, CmTool),
+        EV_COMMAND(CM_TEXT, CmText), EV_COMMAND(CM_TURN_LEFT, CmTurnLeft),
         EV_COMMAND(CM_TURN_RIGHT, CmTurnRight), EV_COMMAND(CM_TURN, CmTurn), EV_COMMAND(CM_SKEW, CmSkew),
         EV_COMMAND(CM_STRAIGHTEN, CmStraighten), EV_COMMAND_ENABLE(CM_UNDO, CeUndo),
         EV_COMMAND_ENABLE(CM_REDO, CeRedo), EV_COMMAND_ENABLE(CM_DELETE, CeSelection),
@@ -194,6 +236,7 @@ DEFINE_RESPONSE_TABLE1(View, owl::TWindow)
         EV_COMMAND_ENABLE(CM_SELECT_PREVIOUS, CeFigures), EV_COMMAND_ENABLE(CM_SELECT_NONE, CeSelection),
         EV_COMMAND_ENABLE(CM_TOOL_SELECT, CeTool), EV_COMMAND_ENABLE(CM_TOOL_RECTANGLE, CeTool),
         EV_COMMAND_ENABLE(CM_TOOL_ELLIPSE, CeTool), EV_COMMAND_ENABLE(CM_TOOL_POLYGON, CeTool),
+        EV_COMMAND_ENABLE(CM_TOOL_TEXT, CeTool), EV_COMMAND_ENABLE(CM_TEXT, CeText),
         EV_COMMAND_ENABLE(CM_TURN_LEFT, CePicture), EV_COMMAND_ENABLE(CM_TURN_RIGHT, CePicture),
         EV_COMMAND_ENABLE(CM_TURN, CePicture), EV_COMMAND_ENABLE(CM_SKEW, CePicture),
         EV_COMMAND_ENABLE(CM_STRAIGHTEN, CePicture),

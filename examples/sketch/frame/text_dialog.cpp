@@ -1,0 +1,63 @@
+#include "sketch/frame/text_dialog.h"
+
+#include <utility>
+
+#include "lvx/text/strings.h"
+#include "sketch/frame/dialog_values.h"
+#include "sketch/frame/font_choice.h"
+#include "sketch/frame/sketch_ids.h"
+#include "sketch/model/text.h"
+
+namespace sketch {
+namespace {
+
+// As a field of several lines has them.
+std::string WithFieldLineEnds(const std::string& words) {
+    std::string text;
+    for (const char letter : words) {
+        text += letter == '\n' ? "\r\n" : std::string(1, letter);
+    }
+    return text;
+}
+
+}  // namespace
+
+TextDialog::TextDialog(owl::TWindow* parent, std::string words, const myFont& font)
+    : TDialog(parent, IDD_TEXT), m_words(std::move(words)), m_font(font) {}
+
+void TextDialog::SetupWindow() {
+    TDialog::SetupWindow();
+    SendDlgItemMessage(IDC_WORDS, EM_LIMITTEXT, Text::most_letters);
+    SetDlgItemText(IDC_WORDS, WithFieldLineEnds(m_words).c_str());
+    ShowFont();
+}
+
+void TextDialog::ShowFont() {
+    SetDlgItemText(IDC_FONT_NAME, DescribeFont(m_font).c_str());
+}
+
+void TextDialog::BnFont() {
+    if (AskForFont(*this, m_font)) {
+        ShowFont();
+    }
+}
+
+bool TextDialog::CanClose() {
+    if (!TDialog::CanClose()) {
+        return false;
+    }
+    std::string words = GetDlgItemText(IDC_WORDS);
+    if (lvx::trim(words).empty()) {
+        RefuseField(*this, IDC_WORDS, "Please enter some words.");
+        return false;
+    }
+    std::erase(words, '\r');
+    m_words = words;
+    return true;
+}
+
+DEFINE_RESPONSE_TABLE1(TextDialog, owl::TDialog)
+    EV_COMMAND(IDC_FONT, BnFont),
+END_RESPONSE_TABLE;
+
+}  // namespace sketch
