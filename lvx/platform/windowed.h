@@ -15,6 +15,7 @@
 #include "lvx/drawing/printer.h"
 #include "lvx/drawing/region.h"
 #include "lvx/drawing/stock_tools.h"
+#include "lvx/exchange/clipboard.h"
 #include "lvx/images/gl_bitmap.h"
 #include "lvx/runtime/help_file.h"
 #include "lvx/runtime/notifier.h"

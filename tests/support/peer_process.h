@@ -3,8 +3,8 @@
 
 #include <windows.h>
 
-#include <initializer_list>
 #include <string>
+#include <vector>
 
 #include "support/threads.h"
 
@@ -22,7 +22,7 @@ inline std::string program_folder() {
 class PeerProcess {
 public:
     /// Starts `program` with `arguments`, each in quotation marks.
-    PeerProcess(const std::string& program, std::initializer_list<std::string> arguments) {
+    PeerProcess(const std::string& program, const std::vector<std::string>& arguments) {
         std::string line = '"' + program_folder() + program + '"';
         for (const std::string& argument : arguments) {
             line += " \"" + argument + '"';
