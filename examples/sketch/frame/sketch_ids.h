@@ -28,6 +28,9 @@
 #define CM_TO_BACK 118
 #define CM_LOOK 119
 #define CM_TEXT 120
+#define CM_CUT 121
+#define CM_COPY 122
+#define CM_PASTE 123
 
 #define CM_TOOL_SELECT 130
 #define CM_TOOL_RECTANGLE 131

@@ -6,29 +6,17 @@
 #include "sketch/frame/dialog_values.h"
 #include "sketch/frame/font_choice.h"
 #include "sketch/frame/sketch_ids.h"
+#include "sketch/model/line_ends.h"
 #include "sketch/model/text.h"
 
 namespace sketch {
-namespace {
-
-// As a field of several lines has them.
-std::string WithFieldLineEnds(const std::string& words) {
-    std::string text;
-    for (const char letter : words) {
-        text += letter == '\n' ? "\r\n" : std::string(1, letter);
-    }
-    return text;
-}
-
-}  // namespace
-
 TextDialog::TextDialog(owl::TWindow* parent, std::string words, const myFont& font)
     : TDialog(parent, IDD_TEXT), m_words(std::move(words)), m_font(font) {}
 
 void TextDialog::SetupWindow() {
     TDialog::SetupWindow();
     SendDlgItemMessage(IDC_WORDS, EM_LIMITTEXT, Text::most_letters);
-    SetDlgItemText(IDC_WORDS, WithFieldLineEnds(m_words).c_str());
+    SetDlgItemText(IDC_WORDS, WithSystemLineEnds(m_words).c_str());
     ShowFont();
 }
 
@@ -46,12 +34,11 @@ bool TextDialog::CanClose() {
     if (!TDialog::CanClose()) {
         return false;
     }
-    std::string words = GetDlgItemText(IDC_WORDS);
+    const std::string words = WithPlainLineEnds(GetDlgItemText(IDC_WORDS));
     if (lvx::trim(words).empty()) {
         RefuseField(*this, IDC_WORDS, "Please enter some words.");
         return false;
     }
-    std::erase(words, '\r');
     m_words = words;
     return true;
 }

@@ -1,39 +1,17 @@
 #include "sketch/model/picture_making.h"
 
 #include <cstdlib>
-#include <cstring>
-#include <new>
 
-#include "lvx/drawing/bitmap.h"
-#include "lvx/images/global_locker.h"
 #include "owl/dc.h"
 #include "owl/window_dc.h"
 #include "sketch/model/error.h"
+#include "sketch/model/plain_sheet.h"
 
 namespace sketch {
 namespace {
 
 using LVXUtilities::DIBitmap;
-using LVXUtilities::GlobalLocker;
 namespace Rectangles = LVXUtilities::Rectangles;
-
-constexpr std::int64_t most_pixels = 64 * 1024 * 1024;
-
-Bitmap FromSection(const DIBSECTION& section) {
-    const std::size_t size =
-        static_cast<std::size_t>(section.dsBm.bmWidthBytes) * static_cast<std::size_t>(section.dsBm.bmHeight);
-    const BITMAPINFOHEADER& header = section.dsBmih;
-    HGLOBAL block = ::GlobalAlloc(GMEM_MOVEABLE, sizeof header + size);
-    if (block == nullptr) {
-        throw std::bad_alloc();
-    }
-    {
-        const GlobalLocker<char> bytes(block);
-        std::memcpy(bytes.get(), &header, sizeof header);
-        std::memcpy(bytes.get() + sizeof header, section.dsBm.bmBits, size);
-    }
-    return std::make_shared<DIBitmap>(block, DIBitmap::Adopt);
-}
 
 // The library turns and skews blocks as they are: one with a colour table would get other colours, one with
 // the top row first would be skewed upside down. So any other than the plainest is drawn into a plain one.
@@ -42,17 +20,11 @@ Bitmap PlainColour(const Bitmap& bitmap) {
         return bitmap;
     }
     const owl::TRect all(0, 0, bitmap->GetWidth(), std::abs(bitmap->GetHeight()));
-    LVXBitmap plain(all.Width(), all.Height(), nullptr);
-    owl::TDC* const dc = plain.AcquireDC();
-    if (dc == nullptr) {
-        throw std::bad_alloc();
-    }
+    PlainSheet sheet(all.Size());
+    owl::TDC* const dc = sheet.AcquireDC();
     bitmap->StretchDIBits(*dc, all, all, SRCCOPY, nullptr);
-    plain.ReleaseDC();
-    ::GdiFlush();
-    DIBSECTION section{};
-    ::GetObjectA(plain.getBitmap(0), sizeof section, &section);
-    return FromSection(section);
+    sheet.ReleaseDC();
+    return std::make_shared<DIBitmap>(sheet.MakeBlock(), DIBitmap::Adopt);
 }
 
 // The library counts rows from the bottom one.
@@ -90,7 +62,7 @@ Bitmap Skewed(const Bitmap& bitmap, const Skew& skew) {
     }
     const std::int64_t width = std::int64_t{bitmap->GetWidth()} + std::abs(skew.dx);
     const std::int64_t height = std::int64_t{std::abs(bitmap->GetHeight())} + std::abs(skew.dy);
-    if (width * height > most_pixels) {
+    if (width * height > PlainSheet::most_pixels) {
         throw DocumentError("The skewed picture would be too large.");
     }
     return Shared(PlainColour(bitmap)->SkewPoint(CornerInBlock(skew.corner), skew.dx, -skew.dy));

@@ -13,6 +13,7 @@
 #include "owl/font.h"
 #include "sketch/model/coordinates.h"
 #include "sketch/model/corners.h"
+#include "sketch/model/line_ends.h"
 
 namespace sketch {
 namespace {
@@ -54,11 +55,6 @@ void ForEachLine(const std::string& words, const Work& work) {
 
 int CountOf(std::string_view line) {
     return static_cast<int>(line.size());
-}
-
-std::string WithPlainLineEnds(std::string words) {
-    std::erase(words, '\r');
-    return words;
 }
 
 double ReadSize(const myFont& font) {

@@ -50,10 +50,13 @@ public:
     LRESULT EvMouseWheel(WPARAM wParam, LPARAM lParam);
     LRESULT EvCaptureChanged(WPARAM wParam, LPARAM lParam);
 
-    // Commands, in view_commands.cpp.
+    // Commands, in view_commands.cpp and view_clipboard.cpp.
     void CmUndo();
     void CmRedo();
     void CmDelete();
+    void CmCut();
+    void CmCopy();
+    void CmPaste();
     void CmDuplicate();
     void CmToFront();
     void CmToBack();
@@ -71,6 +74,7 @@ public:
 
     void CeUndo(owl::TCommandEnabler& enabler);
     void CeRedo(owl::TCommandEnabler& enabler);
+    void CePaste(owl::TCommandEnabler& enabler);
     void CeSelection(owl::TCommandEnabler& enabler);
     void CeText(owl::TCommandEnabler& enabler);
     void CePicture(owl::TCommandEnabler& enabler);
@@ -104,6 +108,11 @@ private:
     void SelectNeighbour(int step);
     /// To another place between the lowest and the topmost figure.
     void MoveSelected(int index);
+    bool CopySelected();
+    void Place(Figure& pasted) const;
+    void MoveToMiddle(Figure& figure) const;
+    /// In a box.
+    void TellUser(const char* text);
     void Nudge(const owl::TSize& way);
     bool AnswerArrow(UINT key);
     void ShowSelection();

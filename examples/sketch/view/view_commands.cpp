@@ -15,8 +15,6 @@ namespace sketch {
 namespace {
 
 constexpr double step_in_degrees = 15;
-// A copy lies beside what it was made of.
-constexpr owl::TSize way_of_copies(16, 16);
 
 }  // namespace
 
@@ -25,11 +23,8 @@ const Picture* View::SelectedPicture() const {
 }
 
 void View::AddPicture(const std::string& file) {
-    const owl::TRect seen = Visible();
     const auto picture = std::make_shared<Picture>(LoadPicture(file), PictureName(file), owl::TPoint());
-    const owl::TRect bounds = picture->Bounds();
-    picture->MoveBy(
-        {(seen.left + seen.right - bounds.Width()) / 2, (seen.top + seen.bottom - bounds.Height()) / 2});
+    MoveToMiddle(*picture);
     Add(picture);
 }
 
@@ -65,15 +60,6 @@ void View::CmDelete() {
     Figures figures = Contents();
     figures.erase(figures.begin() + m_selected);
     Edit(std::move(figures), none);
-}
-
-void View::CmDuplicate() {
-    if (m_selected == none) {
-        return;
-    }
-    const std::shared_ptr<Figure> copy = SelectedFigure()->Clone();
-    copy->MoveBy(way_of_copies);
-    Add(copy);
 }
 
 void View::CmToFront() {
@@ -149,7 +135,7 @@ void View::ChangePicture(const Change& change) {
     if (change(*changed)) {
         Replace(changed);
     } else {
-        MessageBox("The picture cannot be brought into that form.", "Sketch", MB_OK | MB_ICONINFORMATION);
+        TellUser("The picture cannot be brought into that form.");
     }
 }
 
@@ -221,17 +207,19 @@ DEFINE_RESPONSE_TABLE1(View, owl::TWindow)
         EV_WM_LBUTTONDBLCLK, EV_WM_MOUSEMOVE, EV_WM_SETCURSOR, EV_WM_KEYDOWN,
         EV_MESSAGE(WM_MOUSEWHEEL, EvMouseWheel), EV_MESSAGE(WM_CAPTURECHANGED, EvCaptureChanged),
         EV_COMMAND(CM_UNDO, CmUndo), EV_COMMAND(CM_REDO, CmRedo), EV_COMMAND(CM_DELETE, CmDelete),
-        EV_COMMAND(CM_DUPLICATE, CmDuplicate), EV_COMMAND(CM_TO_FRONT, CmToFront),
-        EV_COMMAND(CM_TO_BACK, CmToBack), EV_COMMAND(CM_SELECT_NEXT, CmSelectNext),
-        EV_COMMAND(CM_SELECT_PREVIOUS, CmSelectPrevious), EV_COMMAND(CM_SELECT_NONE, CmSelectNone),
-        EV_COMMAND(CM_LOOK, CmLook), EV_COMMAND_AND_ID(CM_TOOL_SELECT, CmTool),
-        EV_COMMAND_AND_ID(CM_TOOL_RECTANGLE, CmTool), EV_COMMAND_AND_ID(CM_TOOL_ELLIPSE, CmTool),
-        EV_COMMAND_AND_ID(CM_TOOL_POLYGON, CmTool), EV_COMMAND_AND_ID(CM_TOOL_TEXT, CmTool),
-        EV_COMMAND(CM_TEXT, CmText), EV_COMMAND(CM_TURN_LEFT, CmTurnLeft),
-        EV_COMMAND(CM_TURN_RIGHT, CmTurnRight), EV_COMMAND(CM_TURN, CmTurn), EV_COMMAND(CM_SKEW, CmSkew),
-        EV_COMMAND(CM_STRAIGHTEN, CmStraighten), EV_COMMAND_ENABLE(CM_UNDO, CeUndo),
-        EV_COMMAND_ENABLE(CM_REDO, CeRedo), EV_COMMAND_ENABLE(CM_DELETE, CeSelection),
-        EV_COMMAND_ENABLE(CM_DUPLICATE, CeSelection), EV_COMMAND_ENABLE(CM_TO_FRONT, CeSelection),
+        EV_COMMAND(CM_DUPLICATE, CmDuplicate), EV_COMMAND(CM_CUT, CmCut), EV_COMMAND(CM_COPY, CmCopy),
+        EV_COMMAND(CM_PASTE, CmPaste), EV_COMMAND(CM_TO_FRONT, CmToFront), EV_COMMAND(CM_TO_BACK, CmToBack),
+        EV_COMMAND(CM_SELECT_NEXT, CmSelectNext), EV_COMMAND(CM_SELECT_PREVIOUS, CmSelectPrevious),
+        EV_COMMAND(CM_SELECT_NONE, CmSelectNone), EV_COMMAND(CM_LOOK, CmLook),
+        EV_COMMAND_AND_ID(CM_TOOL_SELECT, CmTool), EV_COMMAND_AND_ID(CM_TOOL_RECTANGLE, CmTool),
+        EV_COMMAND_AND_ID(CM_TOOL_ELLIPSE, CmTool), EV_COMMAND_AND_ID(CM_TOOL_POLYGON, CmTool),
+        EV_COMMAND_AND_ID(CM_TOOL_TEXT, CmTool), EV_COMMAND(CM_TEXT, CmText),
+        EV_COMMAND(CM_TURN_LEFT, CmTurnLeft), EV_COMMAND(CM_TURN_RIGHT, CmTurnRight),
+        EV_COMMAND(CM_TURN, CmTurn), EV_COMMAND(CM_SKEW, CmSkew), EV_COMMAND(CM_STRAIGHTEN, CmStraighten),
+        EV_COMMAND_ENABLE(CM_UNDO, CeUndo), EV_COMMAND_ENABLE(CM_REDO, CeRedo),
+        EV_COMMAND_ENABLE(CM_DELETE, CeSelection), EV_COMMAND_ENABLE(CM_DUPLICATE, CeSelection),
+        EV_COMMAND_ENABLE(CM_CUT, CeSelection), EV_COMMAND_ENABLE(CM_COPY, CeSelection),
+        EV_COMMAND_ENABLE(CM_PASTE, CePaste), EV_COMMAND_ENABLE(CM_TO_FRONT, CeSelection),
         EV_COMMAND_ENABLE(CM_TO_BACK, CeSelection), EV_COMMAND_ENABLE(CM_SELECT_NEXT, CeFigures),
         EV_COMMAND_ENABLE(CM_SELECT_PREVIOUS, CeFigures), EV_COMMAND_ENABLE(CM_SELECT_NONE, CeSelection),
         EV_COMMAND_ENABLE(CM_TOOL_SELECT, CeTool), EV_COMMAND_ENABLE(CM_TOOL_RECTANGLE, CeTool),
