@@ -33,6 +33,8 @@ public:
     operator HMENU() const { return m_handle; }
     HMENU GetHandle() const { return m_handle; }
     bool IsOK() const { return m_handle != nullptr; }
+    /// Whether the system's menu ends with this object.
+    bool IsOwner() const { return m_autoDelete == AutoDelete; }
     /// Leaves the menu to the caller; the object then owns nothing.
     HMENU Release();
 

@@ -17,6 +17,7 @@
 #include "lvx/drawing/stock_tools.h"
 #include "lvx/exchange/clipboard.h"
 #include "lvx/images/gl_bitmap.h"
+#include "lvx/menus/menu.h"
 #include "lvx/runtime/help_file.h"
 #include "lvx/runtime/notifier.h"
 #include "lvx/runtime/wait_cursor.h"

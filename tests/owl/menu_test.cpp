@@ -39,12 +39,16 @@ TEST_F(Menu, that_it_made_ends_with_it) {
         const TMenu made;
         handle = made;
         EXPECT_TRUE(::IsMenu(handle));
+        EXPECT_TRUE(made.IsOwner());
     }
     EXPECT_FALSE(::IsMenu(handle));
 }
 
 TEST_F(Menu, of_somebody_else_stays) {
-    { const TMenu alias(menu.GetHandle()); }
+    {
+        const TMenu alias(menu.GetHandle());
+        EXPECT_FALSE(alias.IsOwner());
+    }
     EXPECT_EQ(2, menu.GetMenuItemCount());
 }
 
@@ -53,6 +57,7 @@ TEST_F(Menu, that_was_released_stays) {
     {
         TMenu made;
         handle = made.Release();
+        EXPECT_FALSE(made.IsOwner());
     }
     EXPECT_TRUE(::IsMenu(handle));
     ::DestroyMenu(handle);
