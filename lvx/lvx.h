@@ -3,6 +3,8 @@
 // Everything that the library offers on this system.
 #pragma once
 
+#include "lvx/controls/colour_maths.h"
+#include "lvx/controls/edit_filter.h"
 #include "lvx/drawing/colours.h"
 #include "lvx/drawing/my_font.h"
 #include "lvx/drawing/point_array.h"

@@ -14,7 +14,8 @@ int TWindow::GetWindowText(char* text, int size) const {
     if (text == nullptr || size <= 0)
         return 0;
     text[0] = '\0';
-    return ::GetWindowTextA(m_handle, text, size);
+    // Wine writes what it has not read if there is no window.
+    return m_handle != nullptr ? ::GetWindowTextA(m_handle, text, size) : 0;
 }
 
 int TWindow::GetWindowTextLength() const {

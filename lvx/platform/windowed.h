@@ -5,6 +5,12 @@
 
 #ifdef _WIN32
 
+#include "lvx/controls/combo_box.h"
+#include "lvx/controls/edit.h"
+#include "lvx/controls/float_edit.h"
+#include "lvx/controls/int_edit.h"
+#include "lvx/controls/list_box.h"
+#include "lvx/controls/static.h"
 #include "lvx/drawing/bitmap.h"
 #include "lvx/drawing/brush.h"
 #include "lvx/drawing/device.h"

@@ -70,6 +70,10 @@ TEST_F(WindowCalls, move) {
 TEST_F(WindowCalls, without_a_window_give_nothing_and_do_nothing) {
     TWindow none(desk.frame, "never created");
     EXPECT_EQ("", none.GetWindowText());
+    // Under Wine what the buffer had held came back.
+    char room[10] = "xyz";
+    EXPECT_EQ(0, none.GetWindowText(room, sizeof(room)));
+    EXPECT_STREQ("", room);
     EXPECT_EQ(TRect(), none.GetClientRect());
     EXPECT_EQ(TRect(), none.GetWindowRect());
     EXPECT_FALSE(none.MoveWindow(0, 0, 1, 1));
