@@ -131,12 +131,24 @@ TEST_F(Sketch, turns_by_a_number_of_degrees) {
     EXPECT_FALSE(Shows(white, 88, 110));
 }
 
+TEST_F(Sketch, takes_no_letters_where_a_number_belongs) {
+    StartInFront(Packed());
+    Press({VK_TAB});
+    Press({VK_CONTROL, 'T'});
+    const HWND dialog = m_sketch->Dialog("Turn");
+    user::Type("m4u5h");
+    EXPECT_TRUE(WaitUntil([&] { return user::TextOf(::GetDlgItem(dialog, IDC_DEGREES)) == "45"; }));
+    Press({VK_RETURN});
+    EXPECT_TRUE(m_sketch->IsGone(dialog));
+    EXPECT_TRUE(m_sketch->ShowsStatus("Picture \"test\", 127 x 64, turned by 45 degrees to the left"));
+}
+
 TEST_F(Sketch, asks_again_for_what_is_no_number) {
     StartInFront(Packed());
     Press({VK_TAB});
     Press({VK_CONTROL, 'T'});
     const HWND dialog = m_sketch->Dialog("Turn");
-    user::Type("much");
+    user::Type("-");
     Press({VK_RETURN});
     HWND box = nullptr;
     ASSERT_TRUE(

@@ -47,6 +47,9 @@
 
 #define CM_ABOUT 150
 
+// And the six numbers behind it: the recent files.
+#define CM_RECENT 160
+
 #define IDC_DEGREES 200
 #define IDC_LEFTWARD 201
 #define IDC_RIGHTWARD 202

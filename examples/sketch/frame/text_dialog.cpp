@@ -11,10 +11,10 @@
 
 namespace sketch {
 TextDialog::TextDialog(owl::TWindow* parent, std::string words, const myFont& font)
-    : TDialog(parent, IDD_TEXT), m_words(std::move(words)), m_font(font) {}
+    : LVXCentredDialog(parent, IDD_TEXT, nullptr), m_words(std::move(words)), m_font(font) {}
 
 void TextDialog::SetupWindow() {
-    TDialog::SetupWindow();
+    LVXCentredDialog::SetupWindow();
     SendDlgItemMessage(IDC_WORDS, EM_LIMITTEXT, Text::most_letters);
     SetDlgItemText(IDC_WORDS, WithSystemLineEnds(m_words).c_str());
     ShowFont();
@@ -31,7 +31,7 @@ void TextDialog::BnFont() {
 }
 
 bool TextDialog::CanClose() {
-    if (!TDialog::CanClose()) {
+    if (!LVXCentredDialog::CanClose()) {
         return false;
     }
     const std::string words = WithPlainLineEnds(GetDlgItemText(IDC_WORDS));
@@ -43,7 +43,7 @@ bool TextDialog::CanClose() {
     return true;
 }
 
-DEFINE_RESPONSE_TABLE1(TextDialog, owl::TDialog)
+DEFINE_RESPONSE_TABLE1(TextDialog, LVXCentredDialog)
     EV_COMMAND(IDC_FONT, BnFont),
 END_RESPONSE_TABLE;
 

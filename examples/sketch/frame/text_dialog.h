@@ -1,12 +1,12 @@
 // Asks for the words of a text and their font.
 #pragma once
 
+#include "lvx/controls/centred_dialog.h"
 #include "lvx/drawing/my_font.h"
-#include "owl/dialog.h"
 
 namespace sketch {
 
-class TextDialog : public owl::TDialog {
+class TextDialog : public LVXCentredDialog {
 public:
     /// Begins with `words`, their lines ended with "\n", and `font`.
     TextDialog(owl::TWindow* parent, std::string words, const myFont& font);

@@ -311,7 +311,11 @@ void View::SelectNeighbour(int step) {
         return;
     }
     const int before = m_selected == none && step < 0 ? 0 : m_selected;
-    Select((before + step + count) % count);
+    SelectFigure((before + step + count) % count);
+}
+
+void View::SelectFigure(int index) {
+    Select(index);
     ShowSelection();
 }
 

@@ -32,6 +32,10 @@ public:
     void BeginAnew();
     /// What is selected, or what the tool is for.
     std::string Status() const;
+    /// The number of the selected figure; -1 if none is.
+    int SelectedIndex() const { return m_selected; }
+    /// Selects the figure of that number, and scrolls to it; -1 is none.
+    void SelectFigure(int index);
     void AddPicture(const std::string& file);
 
     void SetupWindow() override;
