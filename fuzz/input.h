@@ -29,6 +29,7 @@ public:
     /// A length in one byte, at most `most`, and that many bytes.
     std::string_view Short(std::size_t most) { return Take(std::min<std::size_t>(Byte(), most)); }
 
+    bool IsEmpty() const { return m_rest.empty(); }
     std::string_view Rest() { return Take(m_rest.size()); }
 
 private:

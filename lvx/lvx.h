@@ -18,6 +18,8 @@
 #include "lvx/platform/drives.h"
 #include "lvx/platform/profile_directory.h"
 #include "lvx/platform/windowed.h"
+#include "lvx/propdlg/tab_layout.h"
+#include "lvx/propdlg/tab_style.h"
 #include "lvx/runtime/atom.h"
 #include "lvx/runtime/sync.h"
 #include "lvx/store/object_factory.h"
