@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 #include <span>
+#include <utility>
 
 #include "lvx/exchange/hand_over.h"
 #include "lvx/exchange/owned_block.h"
@@ -41,12 +42,12 @@ bool holds_bytes(unsigned format) {
 
 OwnedBlock block_of_text(const std::string& text) {
     OwnedBlock block(text.size() + 1);
-    block.Fill([&](std::span<unsigned char> bytes) {
+    const bool filled = block.Fill([&](std::span<unsigned char> bytes) {
         const auto end = std::find(text.begin(), text.end(), '\0');
         const auto rest = std::copy(text.begin(), end, bytes.begin());
         std::fill(rest, bytes.end(), static_cast<unsigned char>(0));
     });
-    return block;
+    return filled ? std::move(block) : OwnedBlock();
 }
 
 /// A picture of its own of what lies there as `format`; null if nothing does, or nothing good.

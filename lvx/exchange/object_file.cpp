@@ -32,8 +32,7 @@ public:
     /// file has none.
     LONG Size() const {
         const LONG size = ::_llseek(m_file, 0, FILE_END);
-        ::_llseek(m_file, 0, FILE_BEGIN);
-        return size;
+        return ::_llseek(m_file, 0, FILE_BEGIN) == 0 ? size : -1;
     }
 
     /// How many bytes came.

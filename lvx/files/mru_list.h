@@ -32,7 +32,8 @@ public:
     LVXMRUList& operator=(const LVXMRUList&) = delete;
     ~LVXMRUList();
 
-    /// Finds the window's menu unless there is one already. False if the window is null or has none.
+    /// Finds the window's menu, by setMRUMenuFinder(), unless there is one already. False if the window is
+    /// null or has none.
     /// Without a menu the list changes in memory alone, and nothing reaches the settings file.
     /// Requires: the list is empty, or has its menu. Puts no items into the menu, and later changes take out
     /// as many as there are files: those of the host, if the list's are not there. A list that got files

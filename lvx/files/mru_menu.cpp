@@ -3,11 +3,12 @@
 #include <utility>
 
 #include "lvx/files/mru_menu_finder.h"
+#include "lvx/platform/mru_menu_finder.h"
 
 namespace {
 
 // Constant-initialised: it may be set by static initialisers of any unit.
-constinit LVXMRUMenuFinder current_finder = nullptr;
+constinit LVXMRUMenuFinder current_finder = lvx::first_mru_menu_finder;
 
 }  // namespace
 

@@ -1,13 +1,15 @@
 // lvx/files/mru_menu.h
 //
-// The menu that a list of recent files keeps its items in, as that list sees it: two operations. A host whose
-// menu is none of the framework's derives from LVXMRUMenu and gives it to LVXMRUList::setMenu().
+// The menu that a list of recent files keeps its items in, as that list sees it: two operations. On Windows
+// the list finds one in the menu bar of the framework's window by itself. A host whose menu is another one
+// derives from LVXMRUMenu and gives it to LVXMRUList::setMenu().
 // Called on the thread of the list, from within the list's operations; must not call the list back.
 #pragma once
 
 #include <memory>
 
 #include "lvx/platform/export.h"
+#include "lvx/platform/system_macros.h"
 
 namespace owl {
 class TWindow;
@@ -42,5 +44,7 @@ public:
 using LVXMRUMenuFinder = std::unique_ptr<LVXMRUMenu> (*)(owl::TWindow* window);
 
 /// Sets how LVXMRUList::Create() finds the menu of its window, and returns how it did so far: null if there
-/// was no way, and then no window has a menu. Call it before the lists are used; it takes no lock.
+/// was no way, and then no window has a menu. On Windows the way is at first the first drop-down of the
+/// window's menu bar; where an owl::TMDIFrame has a maximised child, whose icon stands first, the second one.
+/// Elsewhere there is none at first. Call it before the lists are used; it takes no lock.
 LVX_EXPORT LVXMRUMenuFinder setMRUMenuFinder(LVXMRUMenuFinder finder);

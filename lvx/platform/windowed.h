@@ -5,12 +5,18 @@
 
 #ifdef _WIN32
 
+#include "lvx/controls/bitmaps.h"
+#include "lvx/controls/centred_dialog.h"
 #include "lvx/controls/combo_box.h"
 #include "lvx/controls/edit.h"
+#include "lvx/controls/enabler_dialog.h"
+#include "lvx/controls/file_dialogs.h"
 #include "lvx/controls/float_edit.h"
+#include "lvx/controls/font_dialog.h"
 #include "lvx/controls/int_edit.h"
 #include "lvx/controls/list_box.h"
 #include "lvx/controls/static.h"
+#include "lvx/controls/yn_dialog.h"
 #include "lvx/drawing/bitmap.h"
 #include "lvx/drawing/brush.h"
 #include "lvx/drawing/device.h"
@@ -24,6 +30,9 @@
 #include "lvx/exchange/clipboard.h"
 #include "lvx/images/gl_bitmap.h"
 #include "lvx/menus/menu.h"
+#include "lvx/propdlg/property_dialog.h"
+#include "lvx/propdlg/property_page.h"
+#include "lvx/propdlg/property_tab.h"
 #include "lvx/runtime/help_file.h"
 #include "lvx/runtime/notifier.h"
 #include "lvx/runtime/wait_cursor.h"

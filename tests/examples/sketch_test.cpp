@@ -1,103 +1,14 @@
-// The example host as its user sees it: keys and mouse to a process of its own; what comes of them is read
-// from the status line, from the screen, and from the files that it saves.
+// The example host as its user sees it: its figures, its documents, its window.
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <memory>
 #include <string>
 
-#include "lvx/images/dibitmap.h"
-#include "lvx/store/object_store_storage.h"
-#include "support/places.h"
-#include "support/screen_picture.h"
-#include "support/sketch_program.h"
-#include "support/temp_folder.h"
+#include "support/sketch_session.h"
 
 namespace {
 
-using user::Press;
-using user::ScreenPicture;
-using user::SketchProgram;
-using user::WaitUntil;
-
-// What a document's stream begins with, read by hand: the version and how many figures there are.
-struct Contents {
-    long version = 0;
-    int figures = -1;
-};
-
-Contents ReadContents(const std::string& file) {
-    LVXUtilities::ObjectStoreStorage store;
-    std::string error;
-    Contents contents;
-    if (!store.OpenStorage(file, ObjectStore::ForRead, error) || !store.OpenStream("Sketch", error))
-        return contents;
-    store >> contents.version;
-    char drawing[21] = "";
-    store.Read(drawing, 20);
-    if (std::string(drawing) == "Bcsketch::Drawing\r\no")
-        store >> contents.figures;
-    return contents;
-}
-
-class Sketch : public ::testing::Test {
-protected:
-    void Start(const std::string& document = "") {
-        m_sketch = std::make_unique<SketchProgram>(LVX_TEST_PROGRAM_PREFIX "sketch.exe", document);
-    }
-    void StartInFront(const std::string& document = "") {
-        Start(document);
-        ASSERT_TRUE(m_sketch->ComeToFront());
-        ::MoveWindow(m_sketch->Frame(), 20, 20, 800, 600, TRUE);
-    }
-    // A document with one picture of 24 bits, 127 by 64, which is shown at (24, 24).
-    std::string Packed() {
-        const std::string file = m_folder.File("packed.lvx");
-        LVXUtilities::ObjectStoreStorage store;
-        std::string error;
-        EXPECT_TRUE(store.OpenStorage(file, ObjectStore::ForWrite, error) && store.OpenStream("test", error));
-        store << 1L
-              << LVXUtilities::DIBitmap(lvx_test::own_data() + "/pictures/rgb24.bmp",
-                                        LVXUtilities::DIBitmap::DIB);
-        store.CloseStream();
-        return file;
-    }
-    bool Shows(COLORREF colour, int x, int y) const {
-        const POINT place = m_sketch->At(x, y);
-        const RECT pixel{place.x, place.y, place.x + 1, place.y + 1};
-        return WaitUntil([&] { return ScreenPicture::Of(pixel).Count(colour) == 1; }, 3000);
-    }
-    ScreenPicture Picture() const { return user::PictureOfClient(m_sketch->View()); }
-    // The picture that is there when nothing changes any more.
-    ScreenPicture StillPicture() const {
-        ScreenPicture picture = Picture();
-        WaitUntil([&] {
-            ::Sleep(150);
-            const ScreenPicture next = Picture();
-            const bool isStill = next == picture;
-            picture = next;
-            return isStill;
-        });
-        return picture;
-    }
-    void DrawARectangle() {
-        Press({VK_F3});
-        m_sketch->Pull({100, 120}, {220, 200});
-        ASSERT_TRUE(m_sketch->ShowsStatus("Rectangle, 120 x 80"));
-    }
-    // Answers the question about changes.
-    void Answer(WORD key) {
-        const HWND box = m_sketch->Dialog("Sketch");
-        Press({key});
-        EXPECT_TRUE(WaitUntil([&] { return !::IsWindow(box); }));
-    }
-
-    const lvx_test::TempFolder m_folder;
-    std::unique_ptr<SketchProgram> m_sketch;
-};
-
-constexpr COLORREF white = RGB(255, 255, 255);
-constexpr COLORREF black = RGB(0, 0, 0);
+using namespace sketch_test;
 
 }  // namespace
 
@@ -220,12 +131,24 @@ TEST_F(Sketch, turns_by_a_number_of_degrees) {
     EXPECT_FALSE(Shows(white, 88, 110));
 }
 
+TEST_F(Sketch, takes_no_letters_where_a_number_belongs) {
+    StartInFront(Packed());
+    Press({VK_TAB});
+    Press({VK_CONTROL, 'T'});
+    const HWND dialog = m_sketch->Dialog("Turn");
+    user::Type("m4u5h");
+    EXPECT_TRUE(WaitUntil([&] { return user::TextOf(::GetDlgItem(dialog, IDC_DEGREES)) == "45"; }));
+    Press({VK_RETURN});
+    EXPECT_TRUE(m_sketch->IsGone(dialog));
+    EXPECT_TRUE(m_sketch->ShowsStatus("Picture \"test\", 127 x 64, turned by 45 degrees to the left"));
+}
+
 TEST_F(Sketch, asks_again_for_what_is_no_number) {
     StartInFront(Packed());
     Press({VK_TAB});
     Press({VK_CONTROL, 'T'});
     const HWND dialog = m_sketch->Dialog("Turn");
-    user::Type("much");
+    user::Type("-");
     Press({VK_RETURN});
     HWND box = nullptr;
     ASSERT_TRUE(

@@ -109,6 +109,29 @@ void ShowSkew() {
     sketch.Show("Skew", 'K');
 }
 
+void ShowText() {
+    const Sketch sketch;
+    Press({VK_F6});
+    sketch.Program().ClickAt(330, 200);
+    sketch.Program().Dialog("Text");
+    user::Type("Roses, one of them skewed");
+    gallery::Pose(gallery::PlaceOf(sketch.Program().Frame()));
+}
+
+void ShowTurn() {
+    const Sketch sketch;
+    sketch.Show("Turn", 'T');
+}
+
+void ShowShapes() {
+    const Sketch sketch;
+    Press({VK_MENU, 'S'});
+    if (user::WaitForShown(user::drop_down_class, nullptr) == nullptr) {
+        throw std::runtime_error("the menu does not open");
+    }
+    gallery::Pose(gallery::PlaceOf(sketch.Program().Frame()));
+}
+
 void ShowLook() {
     const Sketch sketch;
     sketch.Show("Line and Fill", 'L');
@@ -123,5 +146,8 @@ int main(int argc, char** argv) {
                             {"sketch-menu", "Its menu of tools", &ShowMenu},
                             {"sketch-skew", "Its dialog to skew a picture", &ShowSkew},
                             {"sketch-look", "Its dialog for lines and fills", &ShowLook},
+                            {"sketch-text", "Its dialog for words", &ShowText},
+                            {"sketch-turn", "Its dialog to turn a picture", &ShowTurn},
+                            {"sketch-shapes", "Its menu of the shapes that there are", &ShowShapes},
                         });
 }

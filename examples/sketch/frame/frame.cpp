@@ -2,8 +2,10 @@
 
 #include <new>
 
-#include "owl/dialog.h"
-#include "owl/open_save_dialog.h"
+#include "lvx/controls/centred_dialog.h"
+#include "lvx/controls/file_dialogs.h"
+#include "lvx/controls/yn_dialog.h"
+#include "sketch/frame/printing.h"
 #include "sketch/frame/sketch_ids.h"
 #include "sketch/model/error.h"
 
@@ -15,10 +17,21 @@ constexpr const char* documents = "Drawings (*.lvx)|*.lvx|All files (*.*)|*.*";
 constexpr const char* pictures =
     "Pictures (*.bmp; *.dib; *.jpg)|*.bmp;*.dib;*.jpg;*.jpeg|All files (*.*)|*.*";
 constexpr const char* no_memory = "There is not enough memory.";
+// In the first menu, behind what prints.
+constexpr int place_of_recent_files = 7;
+
+std::string FullName(const std::string& file) {
+    char name[MAX_PATH] = "";
+    const DWORD length = ::GetFullPathNameA(file.c_str(), sizeof name, name, nullptr);
+    return length == 0 || length >= sizeof name ? file : name;
+}
 
 }  // namespace
 
-Frame::Frame() : TFrameWindow(nullptr, program) {
+Frame::Frame()
+    : TFrameWindow(nullptr, program),
+      m_settings(program, false),
+      m_recent(this, CM_RECENT, place_of_recent_files, m_settings) {
     Attr.Menu = IDM_SKETCH;
     Attr.AccelTable = IDA_SKETCH;
     SetIcon(GetModule(), IDI_SKETCH);
@@ -32,7 +45,31 @@ Frame::Frame() : TFrameWindow(nullptr, program) {
 
 void Frame::SetupWindow() {
     TFrameWindow::SetupWindow();
+    m_recent.readFromINI();
+    m_shapes = std::make_unique<ShapeMenu>(*this, [this](int index) { m_view->SelectFigure(index); });
     ShowState();
+}
+
+Frame::~Frame() = default;
+
+LRESULT Frame::EvCommand(UINT id, HWND control, UINT notifyCode) {
+    if (control == nullptr && LVXMenu::MenuItemSelected(id)) {
+        return 0;
+    }
+    return TFrameWindow::EvCommand(id, control, notifyCode);
+}
+
+void Frame::EvCommandEnable(owl::TCommandEnabler& enabler) {
+    if (!LVXMenu::MenuItemEnable(enabler)) {
+        TFrameWindow::EvCommandEnable(enabler);
+    }
+}
+
+void Frame::EvInitMenuPopup(HMENU menu, UINT position, bool systemMenu) {
+    if (m_shapes->Is(menu)) {
+        m_shapes->List(m_document.Contents(), m_view->SelectedIndex());
+    }
+    TFrameWindow::EvInitMenuPopup(menu, position, systemMenu);
 }
 
 void Frame::ShowState() {
@@ -48,12 +85,15 @@ void Frame::TellFailure(const std::string& file, const char* what, const char* c
     MessageBox(text.c_str(), program, MB_OK | MB_ICONEXCLAMATION);
 }
 
-void Frame::Open(const std::string& file) {
+void Frame::Open(const std::string& name) {
     constexpr const char* what = "could not be opened.";
+    const std::string file = FullName(name);
     try {
         m_document.Open(file);
+        m_recent.addFile(file);
         m_view->BeginAnew();
     } catch (const DocumentError& error) {
+        m_recent.removeFile(file);
         TellFailure(file, what, error.what());
     } catch (const std::bad_alloc&) {
         TellFailure(file, what, no_memory);
@@ -64,6 +104,7 @@ bool Frame::SaveTo(const std::string& file) {
     constexpr const char* what = "could not be saved.";
     try {
         m_document.Save(file);
+        m_recent.addFile(file);
         ShowState();
         return true;
     } catch (const DocumentError& error) {
@@ -83,16 +124,17 @@ bool Frame::SaveAs() {
     owl::TOpenSaveDialog::TData data(flags, documents, nullptr, nullptr, "lvx");
     // The name of a document that is not this program's own is not offered: nobody should lose it by Enter.
     data.FileName = m_document.HasOwnFile() ? m_document.File() : "";
-    return owl::TFileSaveDialog(this, data).Execute() == IDOK && SaveTo(data.FileName);
+    return LVXFileSaveDialog(this, data, owl::TResId(), nullptr, nullptr).Execute() == IDOK &&
+           SaveTo(data.FileName);
 }
 
 bool Frame::MayLoseChanges() {
     if (!m_document.IsChanged()) {
         return true;
     }
-    const std::string question = "Save the changes to " + m_document.Title() + "?";
-    const int answer = MessageBox(question.c_str(), program, MB_YESNOCANCEL | MB_ICONQUESTION);
-    return answer == IDNO || (answer == IDYES && Save());
+    const yesNoCancel answer =
+        ynDialog::dialog(this, true, yesNoCancel::yes, "Save the changes to %s?", m_document.Title().c_str());
+    return answer == yesNoCancel::no || (answer == yesNoCancel::yes && Save());
 }
 
 bool Frame::CanClose() {
@@ -111,8 +153,16 @@ void Frame::CmOpen() {
         return;
     }
     owl::TOpenSaveDialog::TData data(OFN_EXPLORER | OFN_HIDEREADONLY | OFN_FILEMUSTEXIST, documents);
-    if (owl::TFileOpenDialog(this, data).Execute() == IDOK) {
+    if (LVXFileOpenDialog(this, data, owl::TResId(), nullptr, nullptr).Execute() == IDOK) {
         Open(data.FileName);
+    }
+}
+
+void Frame::CmRecent(UINT command) {
+    // Opening changes the list.
+    const std::string file = m_recent.getFile(static_cast<int>(command) - CM_RECENT);
+    if (MayLoseChanges()) {
+        Open(file);
     }
 }
 
@@ -124,9 +174,13 @@ void Frame::CmSaveAs() {
     SaveAs();
 }
 
+void Frame::CmPrint() {
+    PrintFigures(*this, m_printer, m_document.Title(), m_document.Contents());
+}
+
 void Frame::CmAddPicture() {
     owl::TOpenSaveDialog::TData data(OFN_EXPLORER | OFN_HIDEREADONLY | OFN_FILEMUSTEXIST, pictures);
-    if (owl::TFileOpenDialog(this, data, owl::TResId(), "Add a Picture").Execute() != IDOK) {
+    if (LVXFileOpenDialog(this, data, owl::TResId(), "Add a Picture", nullptr).Execute() != IDOK) {
         return;
     }
     constexpr const char* what = "could not be added.";
@@ -140,13 +194,16 @@ void Frame::CmAddPicture() {
 }
 
 void Frame::CmAbout() {
-    owl::TDialog(this, IDD_ABOUT).Execute();
+    LVXCentredDialog(this, IDD_ABOUT, nullptr).Execute();
 }
 
 DEFINE_RESPONSE_TABLE1(Frame, owl::TFrameWindow)
-    EV_COMMAND(CM_NEW, CmNew), EV_COMMAND(CM_OPEN, CmOpen), EV_COMMAND(CM_SAVE, CmSave),
-        EV_COMMAND(CM_SAVE_AS, CmSaveAs), EV_COMMAND(CM_ADD_PICTURE, CmAddPicture),
-        EV_COMMAND(CM_EXIT, CmExit), EV_COMMAND(CM_ABOUT, CmAbout),
+    EV_WM_INITMENUPOPUP, EV_COMMAND(CM_NEW, CmNew), EV_COMMAND_AND_ID(CM_RECENT + 1, CmRecent),
+        EV_COMMAND_AND_ID(CM_RECENT + 2, CmRecent), EV_COMMAND_AND_ID(CM_RECENT + 3, CmRecent),
+        EV_COMMAND_AND_ID(CM_RECENT + 4, CmRecent), EV_COMMAND_AND_ID(CM_RECENT + 5, CmRecent),
+        EV_COMMAND_AND_ID(CM_RECENT + 6, CmRecent), EV_COMMAND(CM_OPEN, CmOpen), EV_COMMAND(CM_SAVE, CmSave),
+        EV_COMMAND(CM_SAVE_AS, CmSaveAs), EV_COMMAND(CM_PRINT, CmPrint),
+        EV_COMMAND(CM_ADD_PICTURE, CmAddPicture), EV_COMMAND(CM_EXIT, CmExit), EV_COMMAND(CM_ABOUT, CmAbout),
 END_RESPONSE_TABLE;
 
 }  // namespace sketch

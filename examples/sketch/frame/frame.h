@@ -1,7 +1,11 @@
 // The main window: menu, view and status line, and everything about files.
 #pragma once
 
+#include "lvx/files/mru_list.h"
+#include "lvx/files/settings.h"
 #include "owl/frame_window.h"
+#include "owl/printer.h"
+#include "sketch/frame/shape_menu.h"
 #include "sketch/frame/status_line.h"
 #include "sketch/model/document.h"
 #include "sketch/view/view.h"
@@ -13,17 +17,25 @@ public:
     /// Shows an empty document.
     Frame();
 
+    ~Frame() override;
+
     /// Opens `file` in the place of the document; tells in a box if that fails. What was changed is lost.
     void Open(const std::string& file);
 
     /// Asks whether to save what was changed.
     bool CanClose() override;
     void SetupWindow() override;
+    LRESULT EvCommand(UINT id, HWND control, UINT notifyCode) override;
+    void EvCommandEnable(owl::TCommandEnabler& enabler) override;
+    void EvInitMenuPopup(HMENU menu, UINT position, bool systemMenu);
 
     void CmNew();
     void CmOpen();
+    /// Of the recent files, by their commands.
+    void CmRecent(UINT command);
     void CmSave();
     void CmSaveAs();
+    void CmPrint();
     void CmAddPicture();
     void CmExit() { CloseWindow(); }
     void CmAbout();
@@ -38,8 +50,13 @@ private:
     void TellFailure(const std::string& file, const char* what, const char* cause);
 
     Document m_document;
+    owl::TPrinter m_printer;
     View* m_view;
     StatusLine* m_status;
+    LVXUtilities::Settings m_settings;
+    LVXMRUList m_recent;
+    // There is none before the window.
+    std::unique_ptr<ShapeMenu> m_shapes;
 
     DECLARE_RESPONSE_TABLE(Frame);
 };

@@ -66,11 +66,14 @@ void TakeColour(const owl::TDialog& dialog, int id, owl::TColor& colour) {
 
 }  // namespace
 
-LookDialog::LookDialog(owl::TWindow* parent, const Look& look) : TDialog(parent, IDD_LOOK), m_look(look) {}
+LookDialog::LookDialog(owl::TWindow* parent, const Look& look)
+    : LVXCentredDialog(parent, IDD_LOOK, nullptr),
+      m_look(look),
+      m_width(new LVXIntEdit(this, IDC_LINE_WIDTH, 0, Look::widest)) {}
 
 void LookDialog::SetupWindow() {
-    TDialog::SetupWindow();
-    SetDlgItemText(IDC_LINE_WIDTH, std::to_string(m_look.lineWidth).c_str());
+    LVXCentredDialog::SetupWindow();
+    m_width->SetValue(m_look.lineWidth);
     Fill(*this, IDC_LINE_STYLE, line_styles, std::size(line_styles), m_look.line);
     FillColours(*this, IDC_LINE_COLOUR, m_look.lineColour);
     CheckDlgButton(IDC_FILLED, m_look.filled ? BST_CHECKED : BST_UNCHECKED);
@@ -79,7 +82,7 @@ void LookDialog::SetupWindow() {
 }
 
 bool LookDialog::CanClose() {
-    if (!TDialog::CanClose() || !ReadField(*this, IDC_LINE_WIDTH, 0, Look::widest, m_look.lineWidth)) {
+    if (!LVXCentredDialog::CanClose() || !ReadField(*this, *m_width, 0, Look::widest, m_look.lineWidth)) {
         return false;
     }
     m_look.line = static_cast<LineType>(SelectedIn(*this, IDC_LINE_STYLE));

@@ -1,12 +1,13 @@
 // Asks for the pen and brush of shapes.
 #pragma once
 
-#include "owl/dialog.h"
+#include "lvx/controls/centred_dialog.h"
+#include "lvx/controls/int_edit.h"
 #include "sketch/model/look.h"
 
 namespace sketch {
 
-class LookDialog : public owl::TDialog {
+class LookDialog : public LVXCentredDialog {
 public:
     /// Begins with `look`.
     LookDialog(owl::TWindow* parent, const Look& look);
@@ -18,6 +19,8 @@ public:
 
 private:
     Look m_look;
+    // Children are owned by their window.
+    LVXIntEdit* m_width;
 };
 
 }  // namespace sketch

@@ -8,12 +8,14 @@
 #define IDD_SKEW 11
 #define IDD_LOOK 12
 #define IDD_ABOUT 13
+#define IDD_TEXT 14
 
 #define CM_NEW 100
 #define CM_OPEN 101
 #define CM_SAVE 102
 #define CM_SAVE_AS 103
 #define CM_EXIT 104
+#define CM_PRINT 105
 
 #define CM_UNDO 110
 #define CM_REDO 111
@@ -25,12 +27,17 @@
 #define CM_TO_FRONT 117
 #define CM_TO_BACK 118
 #define CM_LOOK 119
+#define CM_TEXT 120
+#define CM_CUT 121
+#define CM_COPY 122
+#define CM_PASTE 123
 
 #define CM_TOOL_SELECT 130
 #define CM_TOOL_RECTANGLE 131
 #define CM_TOOL_ELLIPSE 132
 #define CM_TOOL_POLYGON 133
 #define CM_ADD_PICTURE 134
+#define CM_TOOL_TEXT 135
 
 #define CM_TURN_LEFT 140
 #define CM_TURN_RIGHT 141
@@ -39,6 +46,9 @@
 #define CM_STRAIGHTEN 144
 
 #define CM_ABOUT 150
+
+// And the six numbers behind it: the recent files.
+#define CM_RECENT 160
 
 #define IDC_DEGREES 200
 #define IDC_LEFTWARD 201
@@ -58,6 +68,10 @@
 #define IDC_FILLED 223
 #define IDC_FILL_PATTERN 224
 #define IDC_FILL_COLOUR 225
+
+#define IDC_WORDS 230
+#define IDC_FONT 231
+#define IDC_FONT_NAME 232
 
 // The parts of the frame.
 #define IDC_VIEW 300

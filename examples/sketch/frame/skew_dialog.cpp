@@ -10,20 +10,24 @@ constexpr int farthest_pull = 10000;
 
 }  // namespace
 
-SkewDialog::SkewDialog(owl::TWindow* parent) : TDialog(parent, IDD_SKEW) {}
+SkewDialog::SkewDialog(owl::TWindow* parent)
+    : LVXCentredDialog(parent, IDD_SKEW, nullptr),
+      m_across(new LVXIntEdit(this, IDC_ACROSS, -farthest_pull, farthest_pull)),
+      m_down(new LVXIntEdit(this, IDC_DOWN, -farthest_pull, farthest_pull)) {}
 
 void SkewDialog::SetupWindow() {
-    TDialog::SetupWindow();
+    LVXCentredDialog::SetupWindow();
     CheckDlgButton(IDC_UPPER_LEFT + m_corner, BST_CHECKED);
-    SetDlgItemText(IDC_ACROSS, "40");
-    SetDlgItemText(IDC_DOWN, "0");
+    m_across->SetValue(40);
+    m_down->SetValue(0);
 }
 
 bool SkewDialog::CanClose() {
     int across = 0;
     int down = 0;
-    if (!TDialog::CanClose() || !ReadField(*this, IDC_ACROSS, -farthest_pull, farthest_pull, across) ||
-        !ReadField(*this, IDC_DOWN, -farthest_pull, farthest_pull, down)) {
+    if (!LVXCentredDialog::CanClose() ||
+        !ReadField(*this, *m_across, -farthest_pull, farthest_pull, across) ||
+        !ReadField(*this, *m_down, -farthest_pull, farthest_pull, down)) {
         return false;
     }
     for (const SeenCorner corner : {UpperLeft, UpperRight, LowerRight, LowerLeft}) {

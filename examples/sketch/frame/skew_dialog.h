@@ -1,12 +1,13 @@
 // Asks which corner of a picture to pull, and how far.
 #pragma once
 
-#include "owl/dialog.h"
+#include "lvx/controls/centred_dialog.h"
+#include "lvx/controls/int_edit.h"
 #include "sketch/model/picture_frame.h"
 
 namespace sketch {
 
-class SkewDialog : public owl::TDialog {
+class SkewDialog : public LVXCentredDialog {
 public:
     explicit SkewDialog(owl::TWindow* parent);
 
@@ -20,6 +21,9 @@ public:
 private:
     SeenCorner m_corner = UpperLeft;
     owl::TSize m_way;
+    // Children are owned by their window.
+    LVXIntEdit* m_across;
+    LVXIntEdit* m_down;
 };
 
 }  // namespace sketch

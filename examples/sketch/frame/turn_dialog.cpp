@@ -10,17 +10,18 @@ constexpr double whole_turn = 360;
 
 }  // namespace
 
-TurnDialog::TurnDialog(owl::TWindow* parent) : TDialog(parent, IDD_TURN) {}
+TurnDialog::TurnDialog(owl::TWindow* parent)
+    : LVXCentredDialog(parent, IDD_TURN, nullptr), m_field(new LVXFloatEdit(this, IDC_DEGREES)) {}
 
 void TurnDialog::SetupWindow() {
-    TDialog::SetupWindow();
-    SetDlgItemText(IDC_DEGREES, "30");
+    LVXCentredDialog::SetupWindow();
+    m_field->SetValue(30, 0);
     CheckDlgButton(IDC_LEFTWARD, BST_CHECKED);
 }
 
 bool TurnDialog::CanClose() {
     double degrees = 0;
-    if (!TDialog::CanClose() || !ReadField(*this, IDC_DEGREES, -whole_turn, whole_turn, degrees)) {
+    if (!LVXCentredDialog::CanClose() || !ReadField(*this, *m_field, -whole_turn, whole_turn, degrees)) {
         return false;
     }
     m_degrees = IsDlgButtonChecked(IDC_LEFTWARD) == BST_CHECKED ? degrees : -degrees;

@@ -1,11 +1,12 @@
 // Asks by how much to turn a picture.
 #pragma once
 
-#include "owl/dialog.h"
+#include "lvx/controls/centred_dialog.h"
+#include "lvx/controls/float_edit.h"
 
 namespace sketch {
 
-class TurnDialog : public owl::TDialog {
+class TurnDialog : public LVXCentredDialog {
 public:
     explicit TurnDialog(owl::TWindow* parent);
 
@@ -17,6 +18,8 @@ public:
 
 private:
     double m_degrees = 0;
+    // Children are owned by their window.
+    LVXFloatEdit* m_field;
 };
 
 }  // namespace sketch

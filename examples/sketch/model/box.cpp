@@ -4,6 +4,7 @@
 
 #include "lvx/drawing/region.h"
 #include "sketch/model/coordinates.h"
+#include "sketch/model/corners.h"
 
 namespace sketch {
 namespace {
@@ -27,15 +28,11 @@ void Box::GetFrom(ObjectStore& store) {
 }
 
 std::vector<owl::TPoint> Box::Outline() const {
-    return {m_rect.TopLeft(), m_rect.TopRight(), m_rect.BottomRight(), m_rect.BottomLeft()};
+    return CornersOf(m_rect);
 }
 
 std::vector<Handle> Box::Handles() const {
-    std::vector<Handle> handles;
-    for (const owl::TPoint& corner : Outline()) {
-        handles.push_back({corner, Handle::Corner});
-    }
-    return handles;
+    return CornerHandles(Outline());
 }
 
 void Box::MoveBy(const owl::TSize& way) {

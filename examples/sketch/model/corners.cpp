@@ -16,6 +16,18 @@ owl::TRect BoundsOf(const std::vector<owl::TPoint>& corners) {
     return bounds;
 }
 
+std::vector<owl::TPoint> CornersOf(const owl::TRect& rect) {
+    return {rect.TopLeft(), rect.TopRight(), rect.BottomRight(), rect.BottomLeft()};
+}
+
+std::vector<Handle> CornerHandles(const std::vector<owl::TPoint>& corners) {
+    std::vector<Handle> handles;
+    for (const owl::TPoint& corner : corners) {
+        handles.push_back({corner, Handle::Corner});
+    }
+    return handles;
+}
+
 bool IsInside(const std::vector<owl::TPoint>& corners, const owl::TPoint& point) {
     bool inside = false;
     for (std::size_t i = 0; i < corners.size(); ++i) {

@@ -3,12 +3,18 @@
 
 #include <vector>
 
-#include "owl/geometry.h"
+#include "sketch/model/figure.h"
 
 namespace sketch {
 
 /// Empty without corners.
 owl::TRect BoundsOf(const std::vector<owl::TPoint>& corners);
+
+/// With the clock, from the upper left one.
+std::vector<owl::TPoint> CornersOf(const owl::TRect& rect);
+
+/// A handle at each corner.
+std::vector<Handle> CornerHandles(const std::vector<owl::TPoint>& corners);
 
 /// Whether the point is inside of the outline through the corners; where it crosses itself, every second part
 /// is outside.

@@ -8,6 +8,7 @@
 #include "sketch/model/picture.h"
 #include "sketch/model/polygon.h"
 #include "sketch/model/reading.h"
+#include "sketch/model/text.h"
 
 namespace sketch {
 namespace {
@@ -20,7 +21,8 @@ const bool registered = (ObjectFactory::Register("sketch::Drawing", Reading::Cre
                          ObjectFactory::Register("sketch::Rectangle", Reading::Create<Rectangle>),
                          ObjectFactory::Register("sketch::Ellipse", Reading::Create<Ellipse>),
                          ObjectFactory::Register("sketch::Polygon", Reading::Create<Polygon>),
-                         ObjectFactory::Register("sketch::Picture", Reading::Create<Picture>), true);
+                         ObjectFactory::Register("sketch::Picture", Reading::Create<Picture>),
+                         ObjectFactory::Register("sketch::Text", Reading::Create<Text>), true);
 
 }  // namespace
 

@@ -10,6 +10,7 @@
 #include "owl/region.h"
 #include "sketch/model/coordinates.h"
 #include "sketch/model/corners.h"
+#include "sketch/model/picture_check.h"
 #include "sketch/model/reading.h"
 
 namespace sketch {
@@ -52,6 +53,7 @@ double ReadReal(ObjectStore& store, double limit) {
 
 Picture::Picture(Bitmap bitmap, std::string name, const owl::TPoint& place)
     : m_bitmap(std::move(bitmap)), m_name(std::move(name)) {
+    CheckPicture(*m_bitmap);
     const owl::TSize size = SizeOf(*m_bitmap);
     m_frame = {size, {place.x + size.cx / 2.0, place.y + size.cy / 2.0}, 0, {}};
     m_skewed = m_bitmap;
@@ -65,6 +67,7 @@ void Picture::PutTo(ObjectStore& store) const {
 
 void Picture::GetFrom(ObjectStore& store) {
     m_bitmap = Reading::Read<LVXUtilities::DIBitmap>(store);
+    CheckPicture(*m_bitmap);
     store >> m_name;
     m_frame.size = SizeOf(*m_bitmap);
     m_frame.middle.x = ReadReal(store, farthest);
@@ -94,8 +97,20 @@ void Picture::Draw(LVX::Port& port) const {
     if (m_frame.angle != 0 || !m_frame.skew.IsNone()) {
         ClipTo(*dc, m_frame.Corners());
     }
-    port.drawBitMap(m_shown.get(), place.x, place.y);
+    if (dc->GetDeviceCaps(TECHNOLOGY) == DT_RASDISPLAY) {
+        port.drawBitMap(m_shown.get(), place.x, place.y);
+    } else {
+        DrawPixels(*dc, place);
+    }
     dc->RestoreDC(saved);
+}
+
+// The screen's own bitmaps are for the screen. Anything else, a printer say, is given the pixels, in its own
+// fineness.
+void Picture::DrawPixels(owl::TDC& dc, const owl::TPoint& place) const {
+    const Bitmap pixels = Turned(m_skewed, m_frame.angle);
+    const owl::TSize size = SizeOf(*pixels);
+    pixels->StretchDIBits(dc, owl::TRect(place, size), owl::TRect(owl::TPoint(), size), SRCCOPY, nullptr);
 }
 
 owl::TRect Picture::Bounds() const {
@@ -107,10 +122,7 @@ bool Picture::Contains(const owl::TPoint& point) const {
 }
 
 std::vector<Handle> Picture::Handles() const {
-    std::vector<Handle> handles;
-    for (const owl::TPoint& corner : m_frame.Corners()) {
-        handles.push_back({corner, Handle::Corner});
-    }
+    std::vector<Handle> handles = CornerHandles(m_frame.Corners());
     handles.push_back({m_frame.Knob(), Handle::Knob});
     return handles;
 }

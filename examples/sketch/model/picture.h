@@ -42,6 +42,7 @@ private:
     bool Change(const PictureFrame& frame);
     void Settle();
     void MakeShown();
+    void DrawPixels(owl::TDC& dc, const owl::TPoint& place) const;
 
     Bitmap m_bitmap;
     std::string m_name;

@@ -11,8 +11,7 @@ namespace sketch {
 
 using Bitmap = std::shared_ptr<LVXUtilities::DIBitmap>;
 
-/// The bitmap for the screen. Throws DocumentError for one that cannot be drawn (see packed_bitmap.h),
-/// owl::TXGdi if the system refuses.
+/// The bitmap for the screen. Throws DocumentError if the system cannot make it, std::bad_alloc.
 std::shared_ptr<owl::TBitmap> ForScreen(const LVXUtilities::DIBitmap& bitmap);
 
 /// The picture with a corner pulled; the same one if the skew is none. Pictures with a colour table, or with

@@ -49,11 +49,7 @@ bool Polygon::Contains(const owl::TPoint& point) const {
 }
 
 std::vector<Handle> Polygon::Handles() const {
-    std::vector<Handle> handles;
-    for (const owl::TPoint& corner : m_corners) {
-        handles.push_back({corner, Handle::Corner});
-    }
-    return handles;
+    return CornerHandles(m_corners);
 }
 
 std::string Polygon::Describe() const {

@@ -27,9 +27,13 @@ void Reading::Keep(const std::shared_ptr<Storable>& object) {
     Current().m_objects[object.get()] = object;
 }
 
-std::shared_ptr<Storable> Reading::ReadAny(ObjectStore& store) {
+Storable* Reading::ReadAny(ObjectStore& store) {
     Storable* object = nullptr;
     store >> object;
+    return object;
+}
+
+std::shared_ptr<Storable> Reading::Own(Storable* object) {
     if (object == nullptr) {
         throw DocumentError("Something is missing in it.");
     }

@@ -29,9 +29,14 @@ public:
     template <class T>
     static std::shared_ptr<T> Read(ObjectStore& store);
 
+    /// The same for an object that the library has read.
+    template <class T>
+    static std::shared_ptr<T> Take(Storable* object);
+
 private:
     static Reading& Current();
-    static std::shared_ptr<Storable> ReadAny(ObjectStore& store);
+    static Storable* ReadAny(ObjectStore& store);
+    static std::shared_ptr<Storable> Own(Storable* object);
     static void Keep(const std::shared_ptr<Storable>& object);
     [[noreturn]] static void RefuseClass(const Storable& object);
 
@@ -50,7 +55,12 @@ Storable* Reading::Create(ObjectStore& store) {
 
 template <class T>
 std::shared_ptr<T> Reading::Read(ObjectStore& store) {
-    const std::shared_ptr<Storable> object = ReadAny(store);
+    return Take<T>(ReadAny(store));
+}
+
+template <class T>
+std::shared_ptr<T> Reading::Take(Storable* read) {
+    const std::shared_ptr<Storable> object = Own(read);
     std::shared_ptr<T> result = std::dynamic_pointer_cast<T>(object);
     if (result == nullptr) {
         RefuseClass(*object);

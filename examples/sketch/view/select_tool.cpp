@@ -68,6 +68,12 @@ void SelectTool::Release(const owl::TPoint& point) {
     }
 }
 
+void SelectTool::DoubleClick(const owl::TPoint& point) {
+    if (m_desk.Selected() == FigureAt(point) && SelectedFigure() != nullptr) {
+        m_desk.ChangeSelected();
+    }
+}
+
 bool SelectTool::Cancel() {
     const bool wasDragging = m_isDragging;
     m_isDown = false;

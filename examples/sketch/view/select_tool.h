@@ -12,6 +12,7 @@ public:
     void Press(const owl::TPoint& point) override;
     void Drag(const owl::TPoint& point) override;
     void Release(const owl::TPoint& point) override;
+    void DoubleClick(const owl::TPoint& point) override;
     bool Cancel() override;
     LPCSTR Cursor(const owl::TPoint& point) const override;
     const char* Hint() const override;

@@ -23,6 +23,10 @@ public:
     virtual void Replace(const FigurePointer& figure) = 0;
     /// Puts `figure` on top, selects it, and goes back to the tool that selects.
     virtual void Add(const FigurePointer& figure) = 0;
+    /// Asks for words and puts them there.
+    virtual void AddText(const owl::TPoint& place) = 0;
+    /// Asks what is to become of the selected figure.
+    virtual void ChangeSelected() = 0;
     /// The pen and brush for new shapes.
     virtual const Look& CurrentLook() const = 0;
     virtual void Redraw() = 0;

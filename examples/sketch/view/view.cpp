@@ -7,10 +7,12 @@
 #include "owl/dc.h"
 #include "sketch/frame/sketch_ids.h"
 #include "sketch/model/box.h"
+#include "sketch/model/drawing_bounds.h"
 #include "sketch/view/box_tool.h"
 #include "sketch/view/marks.h"
 #include "sketch/view/polygon_tool.h"
 #include "sketch/view/select_tool.h"
+#include "sketch/view/text_tool.h"
 
 namespace sketch {
 namespace {
@@ -23,6 +25,8 @@ std::unique_ptr<Tool> MakeTool(int command, Desk& desk) {
             return std::make_unique<BoxTool<Ellipse>>(desk);
         case CM_TOOL_POLYGON:
             return std::make_unique<PolygonTool>(desk);
+        case CM_TOOL_TEXT:
+            return std::make_unique<TextTool>(desk);
         default:
             return std::make_unique<SelectTool>(desk);
     }
@@ -30,11 +34,6 @@ std::unique_ptr<Tool> MakeTool(int command, Desk& desk) {
 
 bool IsDown(int key) {
     return ::GetKeyState(key) < 0;
-}
-
-owl::TRect United(const owl::TRect& a, const owl::TRect& b) {
-    return {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right),
-            std::max(a.bottom, b.bottom)};
 }
 
 }  // namespace
@@ -109,11 +108,7 @@ owl::TPoint View::OnSheet(const owl::TPoint& point) const {
 }
 
 owl::TRect View::ContentBounds() const {
-    owl::TRect bounds;
-    for (const FigurePointer& figure : Contents()) {
-        bounds = United(bounds, figure->Bounds());
-    }
-    return bounds;
+    return United(BoundsOf(Contents()), {});
 }
 
 FigurePointer View::SelectedFigure() const {
@@ -316,7 +311,11 @@ void View::SelectNeighbour(int step) {
         return;
     }
     const int before = m_selected == none && step < 0 ? 0 : m_selected;
-    Select((before + step + count) % count);
+    SelectFigure((before + step + count) % count);
+}
+
+void View::SelectFigure(int index) {
+    Select(index);
     ShowSelection();
 }
 

@@ -6,10 +6,12 @@
 #include <functional>
 #include <memory>
 
+#include "lvx/drawing/my_font.h"
 #include "lvx/drawing/port.h"
 #include "owl/window.h"
 #include "sketch/model/document.h"
 #include "sketch/model/picture.h"
+#include "sketch/model/text.h"
 #include "sketch/view/scroller.h"
 #include "sketch/view/sheet.h"
 #include "sketch/view/tool.h"
@@ -30,6 +32,10 @@ public:
     void BeginAnew();
     /// What is selected, or what the tool is for.
     std::string Status() const;
+    /// The number of the selected figure; -1 if none is.
+    int SelectedIndex() const { return m_selected; }
+    /// Selects the figure of that number, and scrolls to it; -1 is none.
+    void SelectFigure(int index);
     void AddPicture(const std::string& file);
 
     void SetupWindow() override;
@@ -48,10 +54,13 @@ public:
     LRESULT EvMouseWheel(WPARAM wParam, LPARAM lParam);
     LRESULT EvCaptureChanged(WPARAM wParam, LPARAM lParam);
 
-    // Commands, in view_commands.cpp.
+    // Commands, in view_commands.cpp and view_clipboard.cpp.
     void CmUndo();
     void CmRedo();
     void CmDelete();
+    void CmCut();
+    void CmCopy();
+    void CmPaste();
     void CmDuplicate();
     void CmToFront();
     void CmToBack();
@@ -59,6 +68,7 @@ public:
     void CmSelectPrevious() { SelectNeighbour(-1); }
     void CmSelectNone() { Select(none); }
     void CmLook();
+    void CmText();
     void CmTool(UINT command);
     void CmTurnLeft();
     void CmTurnRight();
@@ -68,7 +78,9 @@ public:
 
     void CeUndo(owl::TCommandEnabler& enabler);
     void CeRedo(owl::TCommandEnabler& enabler);
+    void CePaste(owl::TCommandEnabler& enabler);
     void CeSelection(owl::TCommandEnabler& enabler);
+    void CeText(owl::TCommandEnabler& enabler);
     void CePicture(owl::TCommandEnabler& enabler);
     void CeFigures(owl::TCommandEnabler& enabler);
     void CeTool(owl::TCommandEnabler& enabler);
@@ -83,6 +95,8 @@ private:
     void HidePreview() override;
     void Replace(const FigurePointer& figure) override;
     void Add(const FigurePointer& figure) override;
+    void AddText(const owl::TPoint& place) override;
+    void ChangeSelected() override;
     const Look& CurrentLook() const override { return m_look; }
     void Redraw() override { Invalidate(false); }
     owl::TRect Visible() const override;
@@ -96,6 +110,13 @@ private:
     void Tell();
     void UseTool(int command);
     void SelectNeighbour(int step);
+    /// To another place between the lowest and the topmost figure.
+    void MoveSelected(int index);
+    bool CopySelected();
+    void Place(Figure& pasted) const;
+    void MoveToMiddle(Figure& figure) const;
+    /// In a box.
+    void TellUser(const char* text);
     void Nudge(const owl::TSize& way);
     bool AnswerArrow(UINT key);
     void ShowSelection();
@@ -103,6 +124,7 @@ private:
     owl::TPoint OnSheet(const owl::TPoint& point) const;
     FigurePointer SelectedFigure() const;
     const Picture* SelectedPicture() const;
+    const Text* SelectedText() const;
     template <class Change>
     void ChangePicture(const Change& change);
     void TurnByDegrees(double degrees);
@@ -114,6 +136,8 @@ private:
     LVX::Port m_port{m_sheet};
     Scroller m_scroller;
     Look m_look;
+    // Of the text to come.
+    myFont m_font{"Arial", 18, false, false, false, false};
     int m_selected = none;
     FigurePointer m_preview;
     std::unique_ptr<Tool> m_tool;

@@ -5,6 +5,7 @@
 #include "sketch/frame/look_dialog.h"
 #include "sketch/frame/sketch_ids.h"
 #include "sketch/frame/skew_dialog.h"
+#include "sketch/frame/text_dialog.h"
 #include "sketch/frame/turn_dialog.h"
 #include "sketch/model/error.h"
 #include "sketch/model/picture_file.h"
@@ -14,8 +15,6 @@ namespace sketch {
 namespace {
 
 constexpr double step_in_degrees = 15;
-// A copy lies beside what it was made of.
-constexpr owl::TSize way_of_copies(16, 16);
 
 }  // namespace
 
@@ -24,12 +23,22 @@ const Picture* View::SelectedPicture() const {
 }
 
 void View::AddPicture(const std::string& file) {
-    const owl::TRect seen = Visible();
     const auto picture = std::make_shared<Picture>(LoadPicture(file), PictureName(file), owl::TPoint());
-    const owl::TRect bounds = picture->Bounds();
-    picture->MoveBy(
-        {(seen.left + seen.right - bounds.Width()) / 2, (seen.top + seen.bottom - bounds.Height()) / 2});
+    MoveToMiddle(*picture);
     Add(picture);
+}
+
+const Text* View::SelectedText() const {
+    return dynamic_cast<const Text*>(SelectedFigure().get());
+}
+
+void View::AddText(const owl::TPoint& place) {
+    TextDialog dialog(this, "", m_font);
+    if (dialog.Execute() != IDOK) {
+        return;
+    }
+    m_font = dialog.Font();
+    Add(std::make_shared<Text>(dialog.Words(), m_font, m_look, place));
 }
 
 void View::CmUndo() {
@@ -53,34 +62,22 @@ void View::CmDelete() {
     Edit(std::move(figures), none);
 }
 
-void View::CmDuplicate() {
-    if (m_selected == none) {
-        return;
-    }
-    const std::shared_ptr<Figure> copy = SelectedFigure()->Clone();
-    copy->MoveBy(way_of_copies);
-    Add(copy);
-}
-
 void View::CmToFront() {
-    if (m_selected == none) {
-        return;
-    }
-    Figures figures = Contents();
-    figures.push_back(SelectedFigure());
-    figures.erase(figures.begin() + m_selected);
-    const auto last = static_cast<int>(figures.size()) - 1;
-    Edit(std::move(figures), last);
+    MoveSelected(static_cast<int>(Contents().size()) - 1);
 }
 
 void View::CmToBack() {
+    MoveSelected(0);
+}
+
+void View::MoveSelected(int index) {
     if (m_selected == none) {
         return;
     }
     Figures figures = Contents();
-    figures.insert(figures.begin(), SelectedFigure());
-    figures.erase(figures.begin() + m_selected + 1);
-    Edit(std::move(figures), 0);
+    figures.erase(figures.begin() + m_selected);
+    figures.insert(figures.begin() + index, SelectedFigure());
+    Edit(std::move(figures), index);
 }
 
 // Of the selected shape, and of those to come.
@@ -96,6 +93,29 @@ void View::CmLook() {
         const std::shared_ptr<Figure> changed = selected->Clone();
         *changed->LookOf() = m_look;
         Replace(changed);
+    }
+}
+
+void View::CmText() {
+    const Text* const selected = SelectedText();
+    if (selected == nullptr) {
+        return;
+    }
+    TextDialog dialog(this, selected->Words(), selected->Font());
+    if (dialog.Execute() != IDOK) {
+        return;
+    }
+    m_font = dialog.Font();
+    const auto changed = std::make_shared<Text>(*selected);
+    changed->Write(dialog.Words(), m_font);
+    Replace(changed);
+}
+
+void View::ChangeSelected() {
+    if (SelectedText() != nullptr) {
+        CmText();
+    } else if (SelectedFigure()->LookOf() != nullptr) {
+        CmLook();
     }
 }
 
@@ -115,7 +135,7 @@ void View::ChangePicture(const Change& change) {
     if (change(*changed)) {
         Replace(changed);
     } else {
-        MessageBox("The picture cannot be brought into that form.", "Sketch", MB_OK | MB_ICONINFORMATION);
+        TellUser("The picture cannot be brought into that form.");
     }
 }
 
@@ -164,6 +184,10 @@ void View::CeSelection(owl::TCommandEnabler& enabler) {
     enabler.Enable(m_selected != none);
 }
 
+void View::CeText(owl::TCommandEnabler& enabler) {
+    enabler.Enable(SelectedText() != nullptr);
+}
+
 void View::CePicture(owl::TCommandEnabler& enabler) {
     enabler.Enable(SelectedPicture() != nullptr);
 }
@@ -183,20 +207,24 @@ DEFINE_RESPONSE_TABLE1(View, owl::TWindow)
         EV_WM_LBUTTONDBLCLK, EV_WM_MOUSEMOVE, EV_WM_SETCURSOR, EV_WM_KEYDOWN,
         EV_MESSAGE(WM_MOUSEWHEEL, EvMouseWheel), EV_MESSAGE(WM_CAPTURECHANGED, EvCaptureChanged),
         EV_COMMAND(CM_UNDO, CmUndo), EV_COMMAND(CM_REDO, CmRedo), EV_COMMAND(CM_DELETE, CmDelete),
-        EV_COMMAND(CM_DUPLICATE, CmDuplicate), EV_COMMAND(CM_TO_FRONT, CmToFront),
-        EV_COMMAND(CM_TO_BACK, CmToBack), EV_COMMAND(CM_SELECT_NEXT, CmSelectNext),
-        EV_COMMAND(CM_SELECT_PREVIOUS, CmSelectPrevious), EV_COMMAND(CM_SELECT_NONE, CmSelectNone),
-        EV_COMMAND(CM_LOOK, CmLook), EV_COMMAND_AND_ID(CM_TOOL_SELECT, CmTool),
-        EV_COMMAND_AND_ID(CM_TOOL_RECTANGLE, CmTool), EV_COMMAND_AND_ID(CM_TOOL_ELLIPSE, CmTool),
-        EV_COMMAND_AND_ID(CM_TOOL_POLYGON, CmTool), EV_COMMAND(CM_TURN_LEFT, CmTurnLeft),
-        EV_COMMAND(CM_TURN_RIGHT, CmTurnRight), EV_COMMAND(CM_TURN, CmTurn), EV_COMMAND(CM_SKEW, CmSkew),
-        EV_COMMAND(CM_STRAIGHTEN, CmStraighten), EV_COMMAND_ENABLE(CM_UNDO, CeUndo),
-        EV_COMMAND_ENABLE(CM_REDO, CeRedo), EV_COMMAND_ENABLE(CM_DELETE, CeSelection),
-        EV_COMMAND_ENABLE(CM_DUPLICATE, CeSelection), EV_COMMAND_ENABLE(CM_TO_FRONT, CeSelection),
+        EV_COMMAND(CM_DUPLICATE, CmDuplicate), EV_COMMAND(CM_CUT, CmCut), EV_COMMAND(CM_COPY, CmCopy),
+        EV_COMMAND(CM_PASTE, CmPaste), EV_COMMAND(CM_TO_FRONT, CmToFront), EV_COMMAND(CM_TO_BACK, CmToBack),
+        EV_COMMAND(CM_SELECT_NEXT, CmSelectNext), EV_COMMAND(CM_SELECT_PREVIOUS, CmSelectPrevious),
+        EV_COMMAND(CM_SELECT_NONE, CmSelectNone), EV_COMMAND(CM_LOOK, CmLook),
+        EV_COMMAND_AND_ID(CM_TOOL_SELECT, CmTool), EV_COMMAND_AND_ID(CM_TOOL_RECTANGLE, CmTool),
+        EV_COMMAND_AND_ID(CM_TOOL_ELLIPSE, CmTool), EV_COMMAND_AND_ID(CM_TOOL_POLYGON, CmTool),
+        EV_COMMAND_AND_ID(CM_TOOL_TEXT, CmTool), EV_COMMAND(CM_TEXT, CmText),
+        EV_COMMAND(CM_TURN_LEFT, CmTurnLeft), EV_COMMAND(CM_TURN_RIGHT, CmTurnRight),
+        EV_COMMAND(CM_TURN, CmTurn), EV_COMMAND(CM_SKEW, CmSkew), EV_COMMAND(CM_STRAIGHTEN, CmStraighten),
+        EV_COMMAND_ENABLE(CM_UNDO, CeUndo), EV_COMMAND_ENABLE(CM_REDO, CeRedo),
+        EV_COMMAND_ENABLE(CM_DELETE, CeSelection), EV_COMMAND_ENABLE(CM_DUPLICATE, CeSelection),
+        EV_COMMAND_ENABLE(CM_CUT, CeSelection), EV_COMMAND_ENABLE(CM_COPY, CeSelection),
+        EV_COMMAND_ENABLE(CM_PASTE, CePaste), EV_COMMAND_ENABLE(CM_TO_FRONT, CeSelection),
         EV_COMMAND_ENABLE(CM_TO_BACK, CeSelection), EV_COMMAND_ENABLE(CM_SELECT_NEXT, CeFigures),
         EV_COMMAND_ENABLE(CM_SELECT_PREVIOUS, CeFigures), EV_COMMAND_ENABLE(CM_SELECT_NONE, CeSelection),
         EV_COMMAND_ENABLE(CM_TOOL_SELECT, CeTool), EV_COMMAND_ENABLE(CM_TOOL_RECTANGLE, CeTool),
         EV_COMMAND_ENABLE(CM_TOOL_ELLIPSE, CeTool), EV_COMMAND_ENABLE(CM_TOOL_POLYGON, CeTool),
+        EV_COMMAND_ENABLE(CM_TOOL_TEXT, CeTool), EV_COMMAND_ENABLE(CM_TEXT, CeText),
         EV_COMMAND_ENABLE(CM_TURN_LEFT, CePicture), EV_COMMAND_ENABLE(CM_TURN_RIGHT, CePicture),
         EV_COMMAND_ENABLE(CM_TURN, CePicture), EV_COMMAND_ENABLE(CM_SKEW, CePicture),
         EV_COMMAND_ENABLE(CM_STRAIGHTEN, CePicture),

@@ -1,8 +1,11 @@
-#include "sketch/model/packed_bitmap.h"
+#include "sketch/model/picture_check.h"
+
+#include <windows.h>
 
 #include <cstdlib>
 #include <cstring>
 #include <sstream>
+#include <string>
 
 #include "lvx/store/object_store_stream.h"
 #include "sketch/model/error.h"
@@ -75,20 +78,17 @@ std::size_t PixelsAt(const LVXUtilities::DIBitmap& bitmap, std::size_t headerSiz
 
 }  // namespace
 
-PackedBitmap::PackedBitmap(const LVXUtilities::DIBitmap& bitmap) : m_bytes(BlockOf(bitmap)) {
-    const auto headerSize = HeaderIn<DWORD>(m_bytes);
+void CheckPicture(const LVXUtilities::DIBitmap& bitmap) {
+    const std::string block = BlockOf(bitmap);
+    const auto headerSize = HeaderIn<DWORD>(block);
     const int bits = bitmap.GetBitsPerPixel();
-    CheckKind(m_bytes, bits);
+    CheckKind(block, bits);
     CheckSides(bitmap.GetWidth(), bitmap.GetHeight());
-    m_width = bitmap.GetWidth();
-    m_height = std::abs(bitmap.GetHeight());
-    m_pixelsAt = PixelsAt(bitmap, headerSize);
-    if (m_pixelsAt > m_bytes.size() ||
-        BytesARow(m_width, bits) > (m_bytes.size() - m_pixelsAt) / static_cast<std::size_t>(m_height)) {
+    const std::size_t pixelsAt = PixelsAt(bitmap, headerSize);
+    const auto rows = static_cast<std::size_t>(std::abs(bitmap.GetHeight()));
+    if (pixelsAt > block.size() || BytesARow(bitmap.GetWidth(), bits) > (block.size() - pixelsAt) / rows) {
         throw DocumentError("A picture claims to be larger than what there is of it.");
     }
-    m_isPlainColour = headerSize == sizeof(BITMAPINFOHEADER) && (bits == 24 || bits == 32) &&
-                      CompressionOf(m_bytes) == BI_RGB && m_pixelsAt == headerSize && bitmap.GetHeight() > 0;
 }
 
 }  // namespace sketch
