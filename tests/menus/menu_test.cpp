@@ -206,6 +206,7 @@ TEST_F(Menu, removes_a_command_which_is_the_callers_then) {
     EXPECT_EQ(id, two->getId());
     EXPECT_TRUE(LVXMenu::MenuItemSelected(id)) << "it should keep its id until it ends";
     EXPECT_FALSE(two->check(true)) << "it is in no menu";
+    EXPECT_FALSE(two->checked());
 }
 
 TEST_F(Menu, removes_a_separator_by_its_place) {
