@@ -80,6 +80,14 @@ TEST(PageOfBars, quotes_the_program_as_it_is) {
     EXPECT_EQ(1U, quotes_that_stand("docs/owl-bars.md", "rc toolbar.rc", "examples/toolbar/toolbar.rc"));
 }
 
+TEST(PageOfMenus, quotes_the_program_as_it_is) {
+    EXPECT_EQ(7U, quotes_that_stand("docs/menus.md", "cpp pages.cpp", "examples/pages/pages.cpp"));
+}
+
+TEST(PageOfRecentFiles, quotes_the_program_as_it_is) {
+    EXPECT_EQ(2U, quotes_that_stand("docs/recent-files.md", "cpp pages.cpp", "examples/pages/pages.cpp"));
+}
+
 TEST(Tutorial, leaves_nothing_of_the_program_untold) {
     std::string told;
     for (const Lines& block : quotes("docs/owl.md", "cpp hello.cpp")) {
