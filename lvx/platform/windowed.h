@@ -5,12 +5,18 @@
 
 #ifdef _WIN32
 
+#include "lvx/controls/bitmaps.h"
+#include "lvx/controls/centred_dialog.h"
 #include "lvx/controls/combo_box.h"
 #include "lvx/controls/edit.h"
+#include "lvx/controls/enabler_dialog.h"
+#include "lvx/controls/file_dialogs.h"
 #include "lvx/controls/float_edit.h"
+#include "lvx/controls/font_dialog.h"
 #include "lvx/controls/int_edit.h"
 #include "lvx/controls/list_box.h"
 #include "lvx/controls/static.h"
+#include "lvx/controls/yn_dialog.h"
 #include "lvx/drawing/bitmap.h"
 #include "lvx/drawing/brush.h"
 #include "lvx/drawing/device.h"
