@@ -8,6 +8,7 @@
 #include "lvx/controls/bitmaps.h"
 #include "lvx/controls/centred_dialog.h"
 #include "lvx/controls/combo_box.h"
+#include "lvx/controls/custom_colour_dialog.h"
 #include "lvx/controls/edit.h"
 #include "lvx/controls/enabler_dialog.h"
 #include "lvx/controls/file_dialogs.h"
