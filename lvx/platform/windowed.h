@@ -15,6 +15,8 @@
 #include "lvx/drawing/printer.h"
 #include "lvx/drawing/region.h"
 #include "lvx/drawing/stock_tools.h"
+#include "lvx/exchange/dde.h"
+#include "lvx/exchange/dde_server.h"
 #include "lvx/images/gl_bitmap.h"
 #include "lvx/runtime/help_file.h"
 #include "lvx/runtime/notifier.h"
