@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "lvx/platform/library_module.h"
+#include "lvx/drawing/resource_module.h"
 #include "owl/bitmap.h"
 #include "owl/memory_dc.h"
 #include "owl/window_dc.h"
@@ -71,7 +71,7 @@ LVXBitmap::LVXBitmap(int width, int height, bool monochrome)
                           : new owl::TBitmap(owl::TScreenDC(), width, height)) {}
 
 LVXBitmap::LVXBitmap(const std::string& resource)
-    : m_bitmap(new owl::TBitmap(lvx::platform::library_module(), resource.c_str())) {}
+    : m_bitmap(new owl::TBitmap(lvx::drawing::module_with_bitmap(resource), resource.c_str())) {}
 
 LVXBitmap::LVXBitmap(int width, int height, LVX::Device* device)
     : m_bitmap(new owl::TBitmap(make_section(width, height, device), owl::AutoDelete)), m_device(device) {}

@@ -35,7 +35,8 @@ public:
     /// Black: of one bit a pixel, or with the depth of the screen. A side of 0 is for the system to judge,
     /// which makes one of a pixel of it.
     LVXBitmap(int width, int height, bool monochrome);
-    /// The bitmap resource of that name in the library's own module.
+    /// The bitmap resource of that name in the library's own module, or, where that has none, in the
+    /// application's or the program's.
     explicit LVXBitmap(const std::string& resource);
     /// Black, 32 bits a pixel whatever the devices, in memory that the system's GetObject tells the address
     /// of; the lowest row is first, the topmost if `height` is negative. Contexts on it are made like those

@@ -5,6 +5,12 @@
 
 #ifdef _WIN32
 
+#include "lvx/controls/bitmaps.h"
+#include "lvx/controls/centred_dialog.h"
+#include "lvx/controls/enabler_dialog.h"
+#include "lvx/controls/file_dialogs.h"
+#include "lvx/controls/font_dialog.h"
+#include "lvx/controls/yn_dialog.h"
 #include "lvx/drawing/bitmap.h"
 #include "lvx/drawing/brush.h"
 #include "lvx/drawing/device.h"

@@ -7,16 +7,7 @@
 #pragma once
 
 #include "lvx/platform/export.h"
-
-// The library prints by the rules of the C standard on every system, so %zu and %lld are right on Windows
-// too.
-#if defined(__clang__)
-#define LVX_PRINTF_FORMAT(text, first) __attribute__((format(printf, text, first)))
-#elif defined(__GNUC__)
-#define LVX_PRINTF_FORMAT(text, first) __attribute__((format(gnu_printf, text, first)))
-#else
-#define LVX_PRINTF_FORMAT(text, first)
-#endif
+#include "lvx/platform/printf_format.h"
 
 namespace owl {
 class TWindow;
@@ -41,5 +32,3 @@ LVX_EXPORT void write_log(const char* format, ...) LVX_PRINTF_FORMAT(1, 2);
 /// through abort(). Asks for no memory of its own: that may be what ran out. Requires: a format. Stands in
 /// the Windows library only.
 [[noreturn]] LVX_EXPORT void fatal_error(const char* format, ...) LVX_PRINTF_FORMAT(1, 2);
-
-#undef LVX_PRINTF_FORMAT
