@@ -1,0 +1,16 @@
+// lvx/propdlg/hot_key.h
+//
+// Hot keys: the letters that a text marks with an ampersand, and the key that is held down. Private to the library.
+#pragma once
+
+#include <string>
+
+namespace lvx::propdlg {
+
+/// The character behind the first ampersand of `text` that is not one of a pair, in upper case; 0 if there is none.
+char hot_key_of(const std::string& text);
+
+/// The character of a key that is held down just now, Alt aside, in upper case; 0 if no such key has one.
+char pressed_key();
+
+}  // namespace lvx::propdlg
