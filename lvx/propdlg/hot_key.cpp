@@ -1,39 +1,14 @@
 #include "lvx/propdlg/hot_key.h"
 
-#include <windows.h>
-
-#include <array>
-
 namespace lvx::propdlg {
 
-namespace {
-
-char upper_case(char character) {
-    const auto letter = static_cast<unsigned char>(character);
-    const char* const upper = ::CharUpperA(reinterpret_cast<char*>(static_cast<ULONG_PTR>(letter)));
-    return static_cast<char>(reinterpret_cast<ULONG_PTR>(upper));
-}
-
-}  // namespace
-
-char hot_key_of(const std::string& text) {
-    for (std::size_t at = text.find('&'); at != std::string::npos; at = text.find('&', at + 2)) {
-        if (at + 1 == text.size())
-            return 0;
-        if (text[at + 1] != '&')
-            return upper_case(text[at + 1]);
-    }
-    return 0;
-}
-
-char pressed_key() {
-    std::array<BYTE, 256> keys{};
-    if (::GetKeyboardState(keys.data()) == 0)
-        return 0;
-    for (UINT key = 0; key < keys.size(); ++key) {
-        WORD characters = 0;
-        if (key != VK_MENU && keys[key] > 127 && ::ToAscii(key, 0, keys.data(), &characters, 0) > 0)
-            return upper_case(static_cast<char>(LOBYTE(characters)));
+char marked_letter(std::string_view caption) {
+    for (std::size_t i = 0; i + 1 < caption.size(); ++i) {
+        if (caption[i] != '&')
+            continue;
+        // A pair is an ampersand to be read, and none of it marks anything.
+        if (caption[++i] != '&')
+            return caption[i];
     }
     return 0;
 }

@@ -1,16 +1,14 @@
 // lvx/propdlg/hot_key.h
 //
-// Hot keys: the letters that a text marks with an ampersand, and the key that is held down. Private to the library.
+// Hot keys of captions: the letters that stand underlined, behind an ampersand. Private to the library.
 #pragma once
 
-#include <string>
+#include <string_view>
 
 namespace lvx::propdlg {
 
-/// The character behind the first ampersand of `text` that is not one of a pair, in upper case; 0 if there is none.
-char hot_key_of(const std::string& text);
-
-/// The character of a key that is held down just now, Alt aside, in upper case; 0 if no such key has one.
-char pressed_key();
+/// The letter behind the first ampersand of `caption` that is not one of a pair, as it stands there: the case
+/// of letters is a matter of the user's code page. 0 if there is none.
+char marked_letter(std::string_view caption);
 
 }  // namespace lvx::propdlg

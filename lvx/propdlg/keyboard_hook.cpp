@@ -1,9 +1,16 @@
-// The keyboard hook: it sees Tab and Ctrl with PageUp or PageDown before the dialog manager does.
+// The keyboard hook: it sees Tab, and Ctrl with PageUp or PageDown, before the dialog manager does.
 #include "lvx/propdlg/property_dialog.h"
+#include "lvx/propdlg/property_page.h"
 #include "lvx/propdlg/shared_state.h"
+#include "lvx/propdlg/step_message.h"
 #include "lvx/propdlg/tab_stops.h"
 
 namespace {
+
+using lvx::propdlg::find_focus;
+using lvx::propdlg::FocusPlace;
+using lvx::propdlg::KeyEvent;
+using lvx::propdlg::shared_state;
 
 bool is_down(int key) {
     return ::GetKeyState(key) < 0;
@@ -12,27 +19,41 @@ bool is_down(int key) {
 bool take_tab() {
     if (!is_down(VK_TAB) || is_down(VK_MENU))
         return false;
-    const lvx::propdlg::FocusOwner owner = lvx::propdlg::find_focus_owner();
-    return owner.window != nullptr && lvx::propdlg::take_tab_key(owner, !is_down(VK_SHIFT));
+    return lvx::propdlg::take_tab_key(find_focus(), !is_down(VK_SHIFT));
 }
 
-void take_page_keys() {
+const TPropertyDialog* dialog_with_focus() {
+    const FocusPlace focus = find_focus();
+    return focus.page != nullptr ? focus.page->GetPropertyDialog() : focus.dialog;
+}
+
+// By a message: what a page throws when it is left must not cross the system's frames around the hook.
+void step_tabs(bool forward) {
+    if (const TPropertyDialog* const dialog = dialog_with_focus())
+        dialog->SendMessage(lvx::propdlg::step_message(), forward ? TRUE : FALSE);
+}
+
+// The step handles messages, and the system may bring the very key once more meanwhile: it has not left the
+// queue before the hook is through.
+bool take_page_keys(const KeyEvent& event) {
+    KeyEvent& stepping = shared_state().SteppingKey;
+    if (stepping.isUnderWay())
+        return stepping == event;
     if (!is_down(VK_CONTROL) || !(is_down(VK_PRIOR) || is_down(VK_NEXT)))
-        return;
-    lvx::propdlg::step_tabs(lvx::propdlg::find_focus_owner(), is_down(VK_NEXT));
+        return false;
+    stepping = event;
+    step_tabs(is_down(VK_NEXT));
+    stepping = {};
+    return false;
 }
 
 }  // namespace
 
 LRESULT CALLBACK PropdlgKbdProc(int code, WPARAM wParam, LPARAM lParam) {
-    const HHOOK hook = lvx::propdlg::shared_state().HookHandle;
+    const HHOOK hook = shared_state().HookHandle;
     if (code < 0 || code == HC_NOREMOVE)
         return ::CallNextHookEx(hook, code, wParam, lParam);
-    bool isTaken = false;
-    if (wParam == VK_TAB)
-        isTaken = take_tab();
-    else
-        take_page_keys();
+    const bool isTaken = wParam == VK_TAB ? take_tab() : take_page_keys({wParam, lParam});
     ::CallNextHookEx(hook, code, wParam, lParam);
     return isTaken ? 1 : 0;
 }

@@ -4,8 +4,11 @@
 #include <utility>
 
 #include "lvx/propdlg/control_calls.h"
+#include "lvx/propdlg/control_keys.h"
+#include "lvx/propdlg/pressed_key.h"
 #include "lvx/propdlg/property_page.h"
 #include "lvx/propdlg/shared_state.h"
+#include "lvx/propdlg/step_message.h"
 #include "owl/application.h"
 #include "owl/command_enabler.h"
 #include "owl/module.h"
@@ -28,18 +31,19 @@ owl::TBrush* TPropertyDialog::brushGray = nullptr;
 // Not by a macro: the selected page is asked first.
 bool TPropertyDialog::Find(owl::TEventInfo& info) {
     const bool isCommand = info.Msg == WM_COMMAND || info.Msg == WM_COMMAND_ENABLE;
-    // What the page does with OK and Cancel is to send them here.
-    if (isCommand && info.Id >= first_command_of_pages) {
-        LVXPropertyPage* const page = GetPageRef(-1);
-        if (page != nullptr && page->Find(info))
-            return true;
-    }
+    if (isCommand && FoundAtPage(info))
+        return true;
     return owl::SearchEntries<TPropertyDialog>(*this, __entries, info) || LVXCentredDialog::Find(info);
+}
+
+bool TPropertyDialog::FoundAtPage(owl::TEventInfo& info) const {
+    LVXPropertyPage* const page = GetPageRef(-1);
+    return page != nullptr && page != shared_state().ForwardingPage && page->Find(info);
 }
 
 OWL_BEGIN_ENTRIES(TPropertyDialog)
     EV_COMMAND(IDOK, CmOk), EV_COMMAND(IDCANCEL, CmCancel), EV_WM_DESTROY, EV_WM_SIZE, EV_WM_SYSCOMMAND,
-        EV_WM_CTLCOLOR,
+        EV_WM_CTLCOLOR, EV_REGISTERED(lvx::propdlg::step_message_name, EvStepTabs),
 END_RESPONSE_TABLE;
 
 TPropertyDialog::TPropertyDialog(owl::TWindow* parent, owl::TResId resource, Tab::Style style, owl::TModule* module)
@@ -59,12 +63,17 @@ void TPropertyDialog::Begin(owl::TResId bitmap, bool bitmapsOnRight) {
 }
 
 TPropertyDialog::~TPropertyDialog() {
-    const bool hadStrip = TabControl != nullptr;
+    if (TabControl == nullptr)
+        return;
     // Pages that still have windows go with the strip.
     delete std::exchange(TabControl, nullptr);
-    if (!hadStrip || !shared_state().PropertyTabs.IsEmpty() || shared_state().HookHandle == nullptr)
-        return;
-    ::UnhookWindowsHookEx(std::exchange(shared_state().HookHandle, nullptr));
+    if (shared_state().PropertyTabs.IsEmpty())
+        RemoveHook();
+}
+
+void TPropertyDialog::RemoveHook() {
+    if (shared_state().HookHandle != nullptr)
+        ::UnhookWindowsHookEx(std::exchange(shared_state().HookHandle, nullptr));
     delete std::exchange(brushGray, nullptr);
 }
 
@@ -81,6 +90,9 @@ void TPropertyDialog::TabColorChange(owl::TApplication*) {
 
 void TPropertyDialog::SetupWindow() {
     LVXCentredDialog::SetupWindow();
+    // Messages were handled: one of them may have closed the dialog.
+    if (!IsWindow())
+        return;
     if (Tab::Has(TabStyle, Tab::UseSmallFont))
         lvx::propdlg::apply_small_font(GetHandle());
     if (GetEntryCount() == 0)
@@ -105,22 +117,35 @@ void TPropertyDialog::PlaceStrip() {
         TabControl->SetPageFocus(true);
 }
 
-// The first dialog brings the hook, which the last one takes away.
+// The first dialog brings the hook and the brush. They may still be there from one that was closed and not
+// deleted yet.
 void TPropertyDialog::Register() {
-    auto& shared = shared_state();
-    if (shared.PropertyTabs.IsEmpty() && shared.HookHandle == nullptr) {
-        delete std::exchange(brushGray, new owl::TBrush(owl::TColor(::GetSysColor(COLOR_BTNFACE))));
-        if (shared.HookInstance == nullptr && GetModule() != nullptr)
-            shared.HookInstance = GetModule()->GetInstance();
-        shared.HookHandle =
-            ::SetWindowsHookExA(WH_KEYBOARD, &PropdlgKbdProc, shared.HookInstance, ::GetCurrentThreadId());
+    if (shared_state().PropertyTabs.IsEmpty()) {
+        if (brushGray == nullptr)
+            brushGray = new owl::TBrush(owl::TColor(::GetSysColor(COLOR_BTNFACE)));
+        if (shared_state().HookHandle == nullptr)
+            InstallHook();
     }
-    shared.PropertyTabs.Add(TabControl);
+    lvx::propdlg::forget_strip(TabControl);
+    shared_state().PropertyTabs.Add(TabControl);
+}
+
+void TPropertyDialog::InstallHook() const {
+    auto& shared = shared_state();
+    if (shared.HookInstance == nullptr && GetModule() != nullptr)
+        shared.HookInstance = GetModule()->GetInstance();
+    shared.HookHandle =
+        ::SetWindowsHookExA(WH_KEYBOARD, &PropdlgKbdProc, shared.HookInstance, ::GetCurrentThreadId());
 }
 
 bool TPropertyDialog::EvInitDialog(HWND focus) {
     LVXCentredDialog::EvInitDialog(focus);
     return TabControl == nullptr;
+}
+
+void TPropertyDialog::Forget(const LVXPropertyPage& page) {
+    if (TabControl != nullptr)
+        TabControl->ForgetPage(page);
 }
 
 void TPropertyDialog::Add(const char* text, LVXPropertyPage* page, bool enabled) {
@@ -228,13 +253,26 @@ void TPropertyDialog::EvDestroy() {
 // Messages
 
 LRESULT TPropertyDialog::EvCommand(UINT id, HWND control, UINT notifyCode) {
-    LVXPropertyPage* const page = GetPageRef(-1);
-    if (control == nullptr && id >= first_command_of_pages && page != nullptr) {
-        owl::TEventInfo info(WM_COMMAND, id);
-        if (page->Find(info))
-            return page->EvCommand(id, control, notifyCode);
-    }
+    owl::TEventInfo info(WM_COMMAND, id);
+    if (control == nullptr && id >= first_command_of_pages && FoundAtPage(info))
+        return GetPageRef(-1)->EvCommand(id, control, notifyCode);
     return owl::TWindow::EvCommand(id, control, notifyCode);
+}
+
+LRESULT TPropertyDialog::EvStepTabs(WPARAM forward, LPARAM) {
+    return forward != 0 ? SelectNext() : SelectPrevious();
+}
+
+// The dialog manager does not know of the tabs.
+bool TPropertyDialog::PreProcessMsg(MSG& msg) {
+    const auto isOwnKey = [&] {
+        return lvx::propdlg::has_control_with_key(GetHandle(),
+                                                  lvx::propdlg::upper_case(static_cast<char>(msg.wParam)));
+    };
+    LVXPropertyPage* const page = msg.message == WM_SYSCHAR ? GetPageRef(-1) : nullptr;
+    if (page != nullptr && !isOwnKey() && page->CheckHotKey(nullptr))
+        return true;
+    return LVXCentredDialog::PreProcessMsg(msg);
 }
 
 void TPropertyDialog::EvSysCommand(UINT command, const owl::TPoint& point) {

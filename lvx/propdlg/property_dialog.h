@@ -41,6 +41,9 @@ public:
     /// Creates the dialog, shows it, and runs it to its end.
     int DoExecute() override;
     void Destroy(int retVal = 0) override;
+    /// Alt and a letter that no control of the dialog has for its hot key goes to the selected page's
+    /// CheckHotKey().
+    bool PreProcessMsg(MSG& msg) override;
     /// Lets the system set the focus if there is no strip.
     bool EvInitDialog(HWND focus) override;
 
@@ -81,7 +84,6 @@ public:
     void SizeTabWnd(owl::TRect& rect);
     void SetActiveColor(owl::TColor color);
     void SetFixedTabWidth(int width);
-    /// Requires a strip.
     void SetWideMarginWidth(int width);
 
     /// Sends a message to all pages in order. The last answer; 0 without pages.
@@ -110,6 +112,7 @@ public:
 protected:
     void EvDestroy();
     void EvSize(UINT how, const owl::TSize& size);
+    LRESULT EvStepTabs(WPARAM forward, LPARAM);
     void EvSysCommand(UINT command, const owl::TPoint& point);
     HBRUSH EvCtlColor(HDC dc, HWND control, UINT type);
 
@@ -123,6 +126,10 @@ private:
     void DropStrip();
     void PlaceStrip();
     void Register();
+    void InstallHook() const;
+    static void RemoveHook();
+    void Forget(const LVXPropertyPage& page);
+    bool FoundAtPage(owl::TEventInfo& info) const;
     void CloseStrip();
     owl::TSize Margin() const;
 

@@ -1,8 +1,30 @@
 // What a property dialog passes on to its strip and its pages.
-#include "lvx/propdlg/control_calls.h"
 #include "lvx/propdlg/property_dialog.h"
 #include "lvx/propdlg/property_page.h"
 #include "lvx/propdlg/tab_stops.h"
+
+namespace {
+
+// Pages may be added by what is called, and go by it.
+template <class Test>
+LVXPropertyPage* first_page(const TPropertyDialog& dialog, const Test& test) {
+    for (int tab = 0; tab < dialog.GetEntryCount(); ++tab) {
+        LVXPropertyPage* const page = dialog.GetPageRef(tab);
+        if (page != nullptr && test(page))
+            return page;
+    }
+    return nullptr;
+}
+
+template <class Action>
+void each_page(const TPropertyDialog& dialog, const Action& action) {
+    first_page(dialog, [&](LVXPropertyPage* page) {
+        action(page);
+        return false;
+    });
+}
+
+}  // namespace
 
 bool TPropertyDialog::SelectTab(int tab) {
     return TabControl != nullptr && TabControl->SelectTab(tab);
@@ -41,7 +63,7 @@ void TPropertyDialog::MoveTabsAfterControl(HWND control, bool focus) {
         return;
     TabControl->SetWindowPos(control, owl::TRect(), SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     if (focus)
-        lvx::propdlg::move_focus(nullptr, *this, lvx::propdlg::first_tab_stop(GetHandle()));
+        lvx::propdlg::move_focus(nullptr, GetHandle(), lvx::propdlg::first_tab_stop(GetHandle()));
 }
 
 void TPropertyDialog::SetActiveColor(owl::TColor color) {
@@ -55,38 +77,28 @@ void TPropertyDialog::SetFixedTabWidth(int width) {
 }
 
 void TPropertyDialog::SetWideMarginWidth(int width) {
-    TabControl->SetWideMarginWidth(width);
+    if (TabControl != nullptr)
+        TabControl->SetWideMarginWidth(width);
 }
 
 LRESULT TPropertyDialog::SendMsgToEachPage(UINT msg, WPARAM wParam, LPARAM lParam) {
     LRESULT answer = 0;
-    for (int tab = 0; tab < GetEntryCount(); ++tab)
-        answer = GetPageRef(tab)->SendMessage(msg, wParam, lParam);
+    each_page(*this, [&](LVXPropertyPage* page) { answer = page->SendMessage(msg, wParam, lParam); });
     return answer;
 }
 
 LVXPropertyPage* TPropertyDialog::FirstPageThat(PageTest test, void* user) {
-    for (int tab = 0; tab < GetEntryCount(); ++tab) {
-        if (test(GetPageRef(tab), user))
-            return GetPageRef(tab);
-    }
-    return nullptr;
+    return first_page(*this, [&](LVXPropertyPage* page) { return test(page, user); });
 }
 
 LVXPropertyPage* TPropertyDialog::FirstPageThat(PageTestMember test, void* user) {
-    for (int tab = 0; tab < GetEntryCount(); ++tab) {
-        if ((this->*test)(GetPageRef(tab), user))
-            return GetPageRef(tab);
-    }
-    return nullptr;
+    return first_page(*this, [&](LVXPropertyPage* page) { return (this->*test)(page, user); });
 }
 
 void TPropertyDialog::ForEachPage(PageAction action, void* user) {
-    for (int tab = 0; tab < GetEntryCount(); ++tab)
-        action(GetPageRef(tab), user);
+    each_page(*this, [&](LVXPropertyPage* page) { action(page, user); });
 }
 
 void TPropertyDialog::ForEachPage(PageActionMember action, void* user) {
-    for (int tab = 0; tab < GetEntryCount(); ++tab)
-        (this->*action)(GetPageRef(tab), user);
+    each_page(*this, [&](LVXPropertyPage* page) { (this->*action)(page, user); });
 }

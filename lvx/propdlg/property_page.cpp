@@ -1,11 +1,28 @@
 #include "lvx/propdlg/property_page.h"
 
-#include <array>
+#include <utility>
 
-#include "lvx/propdlg/control_calls.h"
-#include "lvx/propdlg/hot_key.h"
 #include "lvx/propdlg/property_dialog.h"
 #include "lvx/propdlg/property_tab.h"
+#include "lvx/propdlg/shared_state.h"
+
+namespace {
+
+// While a page hands a command on, its dialog does not ask it whether it is for the page.
+class Forwarding {
+public:
+    explicit Forwarding(const LVXPropertyPage* page) : m_outer(std::exchange(current(), page)) {}
+    ~Forwarding() { current() = m_outer; }
+    Forwarding(const Forwarding&) = delete;
+    Forwarding& operator=(const Forwarding&) = delete;
+
+private:
+    static const LVXPropertyPage*& current() { return lvx::propdlg::shared_state().ForwardingPage; }
+
+    const LVXPropertyPage* m_outer;
+};
+
+}  // namespace
 
 DEFINE_RESPONSE_TABLE1(LVXPropertyPage, owl::TDialog)
     EV_COMMAND(IDOK, CmOk), EV_COMMAND(IDCANCEL, CmCancel), EV_WM_SYSCOMMAND, EV_WM_CTLCOLOR,
@@ -16,10 +33,23 @@ LVXPropertyPage::LVXPropertyPage(owl::TResId resource, owl::TModule* module) : T
 LVXPropertyPage::LVXPropertyPage(TPropertyDialog* dialog, owl::TResId resource, owl::TModule* module)
     : TDialog(dialog, resource, module) {}
 
-LVXPropertyPage::~LVXPropertyPage() = default;
+// One that goes before its dialog leaves its tab behind.
+LVXPropertyPage::~LVXPropertyPage() {
+    if (PropertyDialog != nullptr)
+        PropertyDialog->Forget(*this);
+}
 
+// It may have been added to another one since.
+void LVXPropertyPage::LeaveDialog(const TPropertyDialog* dialog) {
+    if (PropertyDialog == dialog)
+        PropertyDialog = nullptr;
+}
+
+// Before the strip is set up it is not the parent yet.
 TPropertyTab* LVXPropertyPage::Strip() const {
-    return dynamic_cast<TPropertyTab*>(Parent);
+    if (auto* const strip = dynamic_cast<TPropertyTab*>(Parent))
+        return strip;
+    return PropertyDialog != nullptr ? PropertyDialog->GetTabControl() : nullptr;
 }
 
 void LVXPropertyPage::SetupWindow() {
@@ -31,28 +61,6 @@ void LVXPropertyPage::SetupWindow() {
 bool LVXPropertyPage::EvInitDialog(HWND focus) {
     TDialog::EvInitDialog(focus);
     return false;
-}
-
-// Escape
-
-bool LVXPropertyPage::PreProcessMsg(MSG& msg) {
-    if (msg.message == WM_KEYDOWN && msg.wParam == VK_ESCAPE)
-        return TakeEscape(msg);
-    if (msg.message != WM_CHAR || msg.wParam != VK_ESCAPE)
-        return TDialog::PreProcessMsg(msg);
-    if (PropertyDialog != nullptr && lvx::propdlg::is_of_class(msg.hwnd, "EDIT"))
-        PropertyDialog->PostMessage(WM_COMMAND, IDCANCEL);
-    return true;
-}
-
-// The dialog manager would cancel the page at once, whatever control it is. The control gets the key, so that a
-// list that dropped down can close; but an edit field only as a character, for one of several lines closes the
-// dialog that it stands in.
-bool LVXPropertyPage::TakeEscape(MSG& msg) {
-    if (!lvx::propdlg::is_of_class(msg.hwnd, "EDIT"))
-        return false;
-    ::TranslateMessage(&msg);
-    return true;
 }
 
 // What a host may override
@@ -117,14 +125,19 @@ void LVXPropertyPage::SetTabText(int tab, const char* text) {
 
 // The dialog
 
+void LVXPropertyPage::Forward(UINT command) {
+    if (PropertyDialog == nullptr)
+        return;
+    const Forwarding forwarding(this);
+    PropertyDialog->HandleMessage(WM_COMMAND, command);
+}
+
 void LVXPropertyPage::CmOk() {
-    if (PropertyDialog != nullptr)
-        PropertyDialog->SendMessage(WM_COMMAND, IDOK);
+    Forward(IDOK);
 }
 
 void LVXPropertyPage::CmCancel() {
-    if (PropertyDialog != nullptr)
-        PropertyDialog->SendMessage(WM_COMMAND, IDCANCEL);
+    Forward(IDCANCEL);
 }
 
 HBRUSH LVXPropertyPage::EvCtlColor(HDC dc, HWND control, UINT type) {
@@ -142,38 +155,4 @@ owl::TWindow* LVXPropertyPage::GetParentWindow() const {
 int LVXPropertyPage::MessageBox(const char* text, const char* caption, UINT type) {
     owl::TWindow* const owner = GetParentWindow();
     return owner != nullptr ? owner->MessageBox(text, caption, type) : TDialog::MessageBox(text, caption, type);
-}
-
-// Hot keys
-
-void LVXPropertyPage::EvSysCommand(UINT command, const owl::TPoint& point) {
-    if ((command & 0xFFF0) == SC_KEYMENU && CheckHotKey(PropertyDialog))
-        return;
-    TDialog::EvSysCommand(command, point);
-}
-
-bool LVXPropertyPage::CheckHotKey(owl::TDialog* dialog) {
-    const char key = lvx::propdlg::pressed_key();
-    TPropertyTab* const strip = Strip();
-    if (strip != nullptr && strip->SelectTabByKey(key))
-        return true;
-    return key != 0 && ClickByKey(dialog != nullptr ? *dialog : *this, key);
-}
-
-// The key of a label is that of the field behind it.
-bool LVXPropertyPage::ClickByKey(const owl::TDialog& dialog, char key) {
-    for (HWND child = ::GetWindow(dialog.GetHandle(), GW_CHILD); child != nullptr;
-         child = ::GetWindow(child, GW_HWNDNEXT)) {
-        std::array<char, 101> text{};
-        ::GetWindowTextA(child, text.data(), static_cast<int>(text.size()));
-        if (!::IsWindowEnabled(child) || lvx::propdlg::hot_key_of(text.data()) != key)
-            continue;
-        const bool isTabStop = (::GetWindowLongPtrA(child, GWL_STYLE) & WS_TABSTOP) != 0;
-        const HWND control = isTabStop ? child : dialog.GetNextDlgTabItem(child);
-        ::SendMessageA(control, WM_LBUTTONDOWN, MK_LBUTTON, 0);
-        ::SendMessageA(control, WM_LBUTTONUP, MK_LBUTTON, 0);
-        lvx::propdlg::select_text(control);
-        return true;
-    }
-    return false;
 }

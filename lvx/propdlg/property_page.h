@@ -30,7 +30,8 @@ public:
     ~LVXPropertyPage() override;
 
     void SetupWindow() override;
-    /// Drops Escape, unless it is typed into an edit field: there it cancels the dialog.
+    /// Drops Escape, unless it is typed into an edit field: there it cancels the dialog. Alt and a letter that
+    /// no control of the page has for its hot key goes to CheckHotKey().
     bool PreProcessMsg(MSG& msg) override;
     /// False: the focus is the dialog's affair.
     bool EvInitDialog(HWND focus) override;
@@ -89,10 +90,13 @@ protected:
 
 private:
     friend class TPropertyDialog;
+    friend class TPropertyTab;
 
     TPropertyTab* Strip() const;
-    static bool TakeEscape(MSG& msg);
-    static bool ClickByKey(const owl::TDialog& dialog, char key);
+    void LeaveDialog(const TPropertyDialog* dialog);
+    void Forward(UINT command);
+    void CancelFrom(HWND control);
+    bool HasHotKey(char key) const;
     int TabOrOwn(int tab) const { return tab == -1 ? TabIndex : tab; }
 
     DECLARE_RESPONSE_TABLE(LVXPropertyPage);

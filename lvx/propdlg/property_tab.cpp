@@ -1,9 +1,7 @@
 // How a strip of tabs begins and ends, and what it leaves to its layout.
 #include "lvx/propdlg/property_tab.h"
 
-#include <algorithm>
 #include <utility>
-#include <vector>
 
 #include "lvx/propdlg/property_page.h"
 #include "lvx/propdlg/shared_state.h"
@@ -60,17 +58,7 @@ void TPropertyTab::MakeFonts() {
 }
 
 TPropertyTab::~TPropertyTab() {
-    std::vector<LVXPropertyPage*> pages;
-    for (const TPropertyEntry& entry : Entries)
-        pages.push_back(entry.Page);
-    std::sort(pages.begin(), pages.end());
-    pages.erase(std::unique(pages.begin(), pages.end()), pages.end());
-    for (LVXPropertyPage* const page : pages) {
-        if (page->IsWindow())
-            delete page;
-        else if (page->Parent == this || page->Parent == Parent)
-            page->SetParent(nullptr);
-    }
+    ReleasePages();
     lvx::propdlg::forget_strip(this);
     std::erase(lvx::propdlg::shared_state().LiveTabs, this);
     delete TabFont;
@@ -88,16 +76,6 @@ void TPropertyTab::GetWindowClass(WNDCLASSA& windowClass) {
     TControl::GetWindowClass(windowClass);
     windowClass.style = CS_VREDRAW | CS_HREDRAW | CS_PARENTDC;
     windowClass.hbrBackground = nullptr;
-}
-
-void TPropertyTab::Add(const char* text, LVXPropertyPage* page, bool enabled) {
-    if (page == nullptr)
-        return;
-    TPropertyEntry entry;
-    entry.Text = text != nullptr ? text : "";
-    entry.Page = page;
-    entry.Enabled = enabled;
-    Entries.Add(entry);
 }
 
 void TPropertyTab::TabColorChange() {

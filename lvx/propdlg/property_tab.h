@@ -5,8 +5,8 @@
 // the windows of the pages. TPropertyDialog makes one; hosts rarely see it.
 //
 // A child control. Owns its tabs, fonts and bitmaps. The pages belong to whoever made them, but one whose window
-// still exists when the strip ends is deleted with it; a page must live as long as the strip, and is its child
-// object from the time on when the strip is set up. For the thread of its dialog. Windows only.
+// still exists when the strip ends is deleted with it; a page is the strip's child object from the time on when
+// the strip is set up. One that is deleted before leaves its tab without a page, and GetPage() null. For the thread of its dialog. Windows only.
 //
 // An index that has no tab throws std::out_of_range "invalid vector<T> subscript" where a tab's own fields are
 // asked for. Without a window nothing is laid out or painted; what is set counts as soon as there is one.
@@ -129,6 +129,7 @@ protected:
     UINT EvGetDlgCode(MSG* msg);
 
 private:
+    friend class TPropertyDialog;
     class Surface;
     class Arithmetic;
     class TabPainter;
@@ -142,12 +143,21 @@ private:
     void InvalidateFocusMark();
     TPropertyDialog* Dialog() const;
     LVXPropertyPage* SelectedPage() const;
+    static bool IsOpen(const TPropertyTab* strip);
+    bool SelectAgain();
     bool MayChange(int tab);
+    void ChangeTo(int tab);
     void LeavePage(LVXPropertyPage& page);
+    void TellOfSelection(int tab);
     void AdoptPages();
+    void AdoptPage(LVXPropertyPage& page);
+    void MakePage(LVXPropertyPage& page);
+    void MakeSelectedPage();
+    void ForgetPage(const LVXPropertyPage& page);
+    void ReleasePages();
     void DivideTabBitmaps();
     void SelectFirstUsableTab();
-    void ShowPageOnDemand(LVXPropertyPage& page);
+    HWND PostFocus();
     void PumpWaitingMessages();
 
     DECLARE_RESPONSE_TABLE(TPropertyTab);

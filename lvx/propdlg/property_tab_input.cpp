@@ -30,7 +30,8 @@ void TPropertyTab::EvRButtonDown(UINT modifiers, const owl::TPoint& point) {
     if (tab < 0)
         return;
     owl::TPoint where = point;
-    GetPage(tab)->OnRightClick(modifiers, where);
+    if (LVXPropertyPage* const page = GetPage(tab))
+        page->OnRightClick(modifiers, where);
 }
 
 void TPropertyTab::EvKeyDown(UINT key, UINT repeat, UINT flags) {

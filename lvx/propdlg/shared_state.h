@@ -11,9 +11,19 @@
 #include "lvx/platform/export.h"
 #include "owl/array.h"
 
+class LVXPropertyPage;
 class TPropertyTab;
 
 namespace lvx::propdlg {
+
+/// A key as the keyboard hook gets it.
+struct KeyEvent {
+    WPARAM key = 0;
+    LPARAM flags = 0;
+
+    bool isUnderWay() const { return key != 0; }
+    bool operator==(const KeyEvent&) const = default;
+};
 
 struct SharedState {
     /// The strips of all dialogs that are set up.
@@ -25,6 +35,10 @@ struct SharedState {
     bool ModernShell = false;
     /// Set by the first change of tab in the process, and never cleared.
     bool FirstChangeDone = false;
+    /// The key that is selecting another tab just now; none has the number 0.
+    KeyEvent SteppingKey;
+    /// The page that hands a command on to its dialog just now; null if none does.
+    const LVXPropertyPage* ForwardingPage = nullptr;
     /// All strips that exist, set up or not: pumped messages may end one.
     std::vector<const TPropertyTab*> LiveTabs;
 };

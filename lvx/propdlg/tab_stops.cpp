@@ -3,14 +3,15 @@
 #include "lvx/propdlg/control_calls.h"
 #include "lvx/propdlg/property_dialog.h"
 #include "lvx/propdlg/property_page.h"
+#include "lvx/propdlg/tab_key.h"
 #include "owl/combo_box.h"
 
 namespace lvx::propdlg {
 
 namespace {
 
-HWND counted(HWND control) {
-    const bool isTabStop = control != nullptr && (::GetWindowLongPtrA(control, GWL_STYLE) & WS_TABSTOP) != 0;
+HWND if_tab_stop(HWND control) {
+    const bool isTabStop = control != nullptr && (::GetWindowLongA(control, GWL_STYLE) & WS_TABSTOP) != 0;
     return isTabStop ? control : nullptr;
 }
 
@@ -20,95 +21,107 @@ HWND last_item(HWND window) {
     return child != nullptr ? ::GetNextDlgTabItem(window, child, TRUE) : nullptr;
 }
 
-bool take_tab_key_in_dialog(TPropertyDialog& dialog, HWND focus, bool forward) {
-    TPropertyTab* const strip = dialog.GetTabControl();
-    if (strip == nullptr)
-        return false;
-    const LVXPropertyPage* const selected = dialog.GetPageRef(-1);
-    const HWND page = selected != nullptr ? selected->GetHandle() : nullptr;
-    const HWND next = dialog.GetNextDlgTabItem(focus, !forward);
-    if (focus == strip->GetHandle()) {
-        if (forward)
-            return move_focus(&dialog, dialog, first_tab_stop(page));
-        if (next != focus)
-            return false;
-    }
-    if (next != strip->GetHandle() || forward)
-        return false;
-    return move_focus(&dialog, dialog, last_tab_stop(page));
+// A control, or a window around it, and the object in which it stands.
+struct Inside {
+    HWND control;
+    owl::TWindow* owner;
+};
+
+// A combo box is one control for the dialog manager, whichever of its parts has the focus.
+Inside out_of_combo_box(HWND control) {
+    const HWND parent = ::GetParent(control);
+    Inside inside{control, owl::GetWindowPtr(parent)};
+    if (inside.owner == nullptr && is_of_class(parent, "COMBOBOX"))
+        inside = {parent, owl::GetWindowPtr(::GetParent(parent))};
+    if (dynamic_cast<owl::TComboBox*>(inside.owner) != nullptr)
+        inside = {inside.owner->GetHandle(), inside.owner->Parent};
+    return inside;
 }
 
-bool take_tab_key_in_page(LVXPropertyPage& page, HWND focus, bool forward) {
-    const HWND edge = forward ? last_tab_stop(page.GetHandle()) : first_tab_stop(page.GetHandle());
-    TPropertyDialog* const dialog = page.GetPropertyDialog();
-    TPropertyTab* const strip = dialog != nullptr ? dialog->GetTabControl() : nullptr;
-    if (edge == nullptr || edge != focus || strip == nullptr)
-        return false;
-    const HWND control = forward ? dialog->GetNextDlgTabItem(strip->GetHandle()) : strip->GetHandle();
-    return move_focus(&page, *dialog, control);
+TPropertyTab* strip_of(const TPropertyDialog* dialog) {
+    return dialog != nullptr ? dialog->GetTabControl() : nullptr;
+}
+
+// The dialog of the place, be that in the dialog itself or in a page of it.
+TPropertyDialog* dialog_around(const FocusPlace& focus) {
+    return focus.page != nullptr ? focus.page->GetPropertyDialog() : focus.dialog;
+}
+
+TabKeyPlace place_in_page(const FocusPlace& focus, bool forward) {
+    const HWND page = focus.page->GetHandle();
+    const HWND edge = forward ? last_tab_stop(page) : first_tab_stop(page);
+    return {.owner = KeyOwner::Page, .forward = forward, .onEdge = edge != nullptr && edge == focus.control};
+}
+
+TabKeyPlace place_in_dialog(const FocusPlace& focus, const TPropertyTab& strip, bool forward) {
+    const HWND next = focus.dialog->GetNextDlgTabItem(focus.control, !forward);
+    return {.owner = KeyOwner::Dialog,
+            .forward = forward,
+            .hasStrip = true,
+            .onStrip = focus.control == strip.GetHandle(),
+            .nextIsStrip = next == strip.GetHandle(),
+            .nextIsFocus = next == focus.control};
+}
+
+HWND target_of(TabKeyMove move, const TPropertyDialog& dialog, const TPropertyTab& strip) {
+    const LVXPropertyPage* const selected = dialog.GetPageRef(-1);
+    const HWND page = selected != nullptr ? selected->GetHandle() : nullptr;
+    switch (move) {
+        case TabKeyMove::IntoPageFirst:
+            return first_tab_stop(page);
+        case TabKeyMove::IntoPageLast:
+            return last_tab_stop(page);
+        case TabKeyMove::ToStrip:
+            return strip.GetHandle();
+        case TabKeyMove::BehindStrip:
+            return dialog.GetNextDlgTabItem(strip.GetHandle());
+        case TabKeyMove::Nothing:
+            break;
+    }
+    return nullptr;
 }
 
 }  // namespace
 
 HWND last_tab_stop(HWND window) {
-    return counted(last_item(window));
+    return if_tab_stop(last_item(window));
 }
 
 HWND first_tab_stop(HWND window) {
     const HWND last = last_item(window);
-    return last != nullptr ? counted(::GetNextDlgTabItem(window, last, FALSE)) : nullptr;
+    return last != nullptr ? if_tab_stop(::GetNextDlgTabItem(window, last, FALSE)) : nullptr;
 }
 
-bool move_focus(owl::TWindow* from, owl::TWindow& to, HWND control) {
+bool move_focus(HWND from, HWND to, HWND control) {
     if (control == nullptr)
         return false;
+    // Its default button is the outer dialog's again.
     if (from != nullptr)
-        from->PostMessage(WM_NEXTDLGCTL, 0, TRUE);
-    to.PostMessage(WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
+        ::PostMessageA(from, WM_NEXTDLGCTL, 0, TRUE);
+    ::PostMessageA(to, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
     select_text(control);
     return true;
 }
 
-FocusOwner find_focus_owner() {
-    FocusOwner owner{::GetFocus(), nullptr};
-    if (owner.focus == nullptr)
-        return owner;
-    HWND parent = ::GetParent(owner.focus);
-    owner.window = owl::GetWindowPtr(parent);
-    // The field in a combo box without an object.
-    if (owner.window == nullptr && is_of_class(parent, "COMBOBOX")) {
-        owner.focus = parent;
-        owner.window = owl::GetWindowPtr(::GetParent(parent));
-    }
-    if (dynamic_cast<owl::TComboBox*>(owner.window) != nullptr) {
-        owner.focus = owner.window->GetHandle();
-        owner.window = owner.window->Parent;
-    }
-    const bool isOurs = dynamic_cast<LVXPropertyPage*>(owner.window) != nullptr ||
-                        dynamic_cast<TPropertyDialog*>(owner.window) != nullptr;
-    if (!isOurs)
-        owner.window = nullptr;
-    return owner;
+FocusPlace find_focus() {
+    const HWND control = ::GetFocus();
+    if (control == nullptr)
+        return {};
+    const Inside inside = out_of_combo_box(control);
+    if (auto* const page = dynamic_cast<LVXPropertyPage*>(inside.owner))
+        return {inside.control, page, nullptr};
+    return {inside.control, nullptr, dynamic_cast<TPropertyDialog*>(inside.owner)};
 }
 
-bool take_tab_key(const FocusOwner& owner, bool forward) {
-    if (auto* const page = dynamic_cast<LVXPropertyPage*>(owner.window))
-        return take_tab_key_in_page(*page, owner.focus, forward);
-    if (auto* const dialog = dynamic_cast<TPropertyDialog*>(owner.window))
-        return take_tab_key_in_dialog(*dialog, owner.focus, forward);
-    return false;
-}
-
-void step_tabs(const FocusOwner& owner, bool forward) {
-    const auto* const page = dynamic_cast<LVXPropertyPage*>(owner.window);
-    auto* const dialog =
-        page != nullptr ? page->GetPropertyDialog() : dynamic_cast<TPropertyDialog*>(owner.window);
-    if (dialog == nullptr)
-        return;
-    if (forward)
-        dialog->SelectNext();
-    else
-        dialog->SelectPrevious();
+bool take_tab_key(const FocusPlace& focus, bool forward) {
+    const TPropertyDialog* const dialog = dialog_around(focus);
+    const TPropertyTab* const strip = strip_of(dialog);
+    if (strip == nullptr)
+        return false;
+    const TabKeyPlace place =
+        focus.page != nullptr ? place_in_page(focus, forward) : place_in_dialog(focus, *strip, forward);
+    const HWND from = focus.page != nullptr ? focus.page->GetHandle() : dialog->GetHandle();
+    return move_focus(from, dialog->GetHandle(), target_of(move_by_tab_key(place), *dialog, *strip));
 }
 
 }  // namespace lvx::propdlg
