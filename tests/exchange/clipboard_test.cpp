@@ -1,6 +1,6 @@
 #include "lvx/exchange/clipboard.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <array>
 #include <cstring>
@@ -112,6 +112,30 @@ TEST_F(Clipboard, of_no_window_can_be_read) {
     const desk::Desk desk;
     owl::TFrameWindow uncreated(nullptr, "not created");
     EXPECT_TRUE(LVXClipboard(&uncreated).get(text, CF_TEXT));
+}
+
+TEST_F(Clipboard, of_a_window_that_is_gone_makes_every_operation_false) {
+    clipboard.put("text", CF_TEXT);
+    Put(CF_DIB, red_and_blue);
+    HWND gone = nullptr;
+    {
+        const owl_test::MessageWindow closed;
+        gone = closed;
+    }
+    LVXClipboard other(gone);
+    EXPECT_FALSE(other.clear());
+    EXPECT_FALSE(other.put("other", CF_TEXT));
+    std::string text = "before";
+    EXPECT_FALSE(other.get(text, CF_TEXT));
+    EXPECT_EQ("before", text);
+    DIBitmap empty(nullptr, DIBitmap::Adopt);
+    EXPECT_FALSE(other.put(&empty));
+    EXPECT_THAT(files.Names(), testing::IsEmpty());
+    lvx::auto_ptr<DIBitmap> picture;
+    EXPECT_FALSE(other.get(picture));
+    EXPECT_TRUE(IsFree());
+    EXPECT_TRUE(clipboard.get(text, CF_TEXT));
+    EXPECT_EQ("text", text);
 }
 
 // Texts
