@@ -11,6 +11,7 @@
 #include "owl/window.h"
 #include "sketch/model/document.h"
 #include "sketch/model/picture.h"
+#include "sketch/model/properties.h"
 #include "sketch/model/text.h"
 #include "sketch/view/scroller.h"
 #include "sketch/view/sheet.h"
@@ -68,6 +69,7 @@ public:
     void CmSelectPrevious() { SelectNeighbour(-1); }
     void CmSelectNone() { Select(none); }
     void CmLook();
+    void CmProperties();
     void CmText();
     void CmTool(UINT command);
     void CmTurnLeft();
@@ -123,6 +125,7 @@ private:
     owl::TRect ContentBounds() const;
     owl::TPoint OnSheet(const owl::TPoint& point) const;
     FigurePointer SelectedFigure() const;
+    Properties PropertiesToCome() const;
     const Picture* SelectedPicture() const;
     const Text* SelectedText() const;
     template <class Change>

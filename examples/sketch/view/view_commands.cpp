@@ -3,6 +3,7 @@
 
 #include "owl/command_enabler.h"
 #include "sketch/frame/look_dialog.h"
+#include "sketch/frame/properties_dialog.h"
 #include "sketch/frame/sketch_ids.h"
 #include "sketch/frame/skew_dialog.h"
 #include "sketch/frame/text_dialog.h"
@@ -96,6 +97,34 @@ void View::CmLook() {
     }
 }
 
+// Of the selected figure, or with none of those to come.
+void View::CmProperties() {
+    const FigurePointer selected = SelectedFigure();
+    Properties properties = selected != nullptr ? PropertiesOf(*selected) : PropertiesToCome();
+    if (!EditProperties(this, properties)) {
+        return;
+    }
+    if (selected == nullptr) {
+        m_look = properties.look;
+        m_font = properties.font;
+        return;
+    }
+    const std::shared_ptr<Figure> changed = selected->Clone();
+    if (!Apply(properties, *changed)) {
+        TellUser("The figure cannot be brought into that form or place.");
+    }
+    Replace(changed);
+}
+
+Properties View::PropertiesToCome() const {
+    Properties properties;
+    properties.hasLook = true;
+    properties.look = m_look;
+    properties.hasFont = true;
+    properties.font = m_font;
+    return properties;
+}
+
 void View::CmText() {
     const Text* const selected = SelectedText();
     if (selected == nullptr) {
@@ -114,8 +143,8 @@ void View::CmText() {
 void View::ChangeSelected() {
     if (SelectedText() != nullptr) {
         CmText();
-    } else if (SelectedFigure()->LookOf() != nullptr) {
-        CmLook();
+    } else {
+        CmProperties();
     }
 }
 
@@ -214,20 +243,20 @@ DEFINE_RESPONSE_TABLE1(View, owl::TWindow)
         EV_COMMAND_AND_ID(CM_TOOL_SELECT, CmTool), EV_COMMAND_AND_ID(CM_TOOL_RECTANGLE, CmTool),
         EV_COMMAND_AND_ID(CM_TOOL_ELLIPSE, CmTool), EV_COMMAND_AND_ID(CM_TOOL_POLYGON, CmTool),
         EV_COMMAND_AND_ID(CM_TOOL_TEXT, CmTool), EV_COMMAND(CM_TEXT, CmText),
-        EV_COMMAND(CM_TURN_LEFT, CmTurnLeft), EV_COMMAND(CM_TURN_RIGHT, CmTurnRight),
-        EV_COMMAND(CM_TURN, CmTurn), EV_COMMAND(CM_SKEW, CmSkew), EV_COMMAND(CM_STRAIGHTEN, CmStraighten),
-        EV_COMMAND_ENABLE(CM_UNDO, CeUndo), EV_COMMAND_ENABLE(CM_REDO, CeRedo),
-        EV_COMMAND_ENABLE(CM_DELETE, CeSelection), EV_COMMAND_ENABLE(CM_DUPLICATE, CeSelection),
-        EV_COMMAND_ENABLE(CM_CUT, CeSelection), EV_COMMAND_ENABLE(CM_COPY, CeSelection),
-        EV_COMMAND_ENABLE(CM_PASTE, CePaste), EV_COMMAND_ENABLE(CM_TO_FRONT, CeSelection),
-        EV_COMMAND_ENABLE(CM_TO_BACK, CeSelection), EV_COMMAND_ENABLE(CM_SELECT_NEXT, CeFigures),
-        EV_COMMAND_ENABLE(CM_SELECT_PREVIOUS, CeFigures), EV_COMMAND_ENABLE(CM_SELECT_NONE, CeSelection),
-        EV_COMMAND_ENABLE(CM_TOOL_SELECT, CeTool), EV_COMMAND_ENABLE(CM_TOOL_RECTANGLE, CeTool),
-        EV_COMMAND_ENABLE(CM_TOOL_ELLIPSE, CeTool), EV_COMMAND_ENABLE(CM_TOOL_POLYGON, CeTool),
-        EV_COMMAND_ENABLE(CM_TOOL_TEXT, CeTool), EV_COMMAND_ENABLE(CM_TEXT, CeText),
-        EV_COMMAND_ENABLE(CM_TURN_LEFT, CePicture), EV_COMMAND_ENABLE(CM_TURN_RIGHT, CePicture),
-        EV_COMMAND_ENABLE(CM_TURN, CePicture), EV_COMMAND_ENABLE(CM_SKEW, CePicture),
-        EV_COMMAND_ENABLE(CM_STRAIGHTEN, CePicture),
+        EV_COMMAND(CM_PROPERTIES, CmProperties), EV_COMMAND(CM_TURN_LEFT, CmTurnLeft),
+        EV_COMMAND(CM_TURN_RIGHT, CmTurnRight), EV_COMMAND(CM_TURN, CmTurn), EV_COMMAND(CM_SKEW, CmSkew),
+        EV_COMMAND(CM_STRAIGHTEN, CmStraighten), EV_COMMAND_ENABLE(CM_UNDO, CeUndo),
+        EV_COMMAND_ENABLE(CM_REDO, CeRedo), EV_COMMAND_ENABLE(CM_DELETE, CeSelection),
+        EV_COMMAND_ENABLE(CM_DUPLICATE, CeSelection), EV_COMMAND_ENABLE(CM_CUT, CeSelection),
+        EV_COMMAND_ENABLE(CM_COPY, CeSelection), EV_COMMAND_ENABLE(CM_PASTE, CePaste),
+        EV_COMMAND_ENABLE(CM_TO_FRONT, CeSelection), EV_COMMAND_ENABLE(CM_TO_BACK, CeSelection),
+        EV_COMMAND_ENABLE(CM_SELECT_NEXT, CeFigures), EV_COMMAND_ENABLE(CM_SELECT_PREVIOUS, CeFigures),
+        EV_COMMAND_ENABLE(CM_SELECT_NONE, CeSelection), EV_COMMAND_ENABLE(CM_TOOL_SELECT, CeTool),
+        EV_COMMAND_ENABLE(CM_TOOL_RECTANGLE, CeTool), EV_COMMAND_ENABLE(CM_TOOL_ELLIPSE, CeTool),
+        EV_COMMAND_ENABLE(CM_TOOL_POLYGON, CeTool), EV_COMMAND_ENABLE(CM_TOOL_TEXT, CeTool),
+        EV_COMMAND_ENABLE(CM_TEXT, CeText), EV_COMMAND_ENABLE(CM_TURN_LEFT, CePicture),
+        EV_COMMAND_ENABLE(CM_TURN_RIGHT, CePicture), EV_COMMAND_ENABLE(CM_TURN, CePicture),
+        EV_COMMAND_ENABLE(CM_SKEW, CePicture), EV_COMMAND_ENABLE(CM_STRAIGHTEN, CePicture),
 END_RESPONSE_TABLE;
 
 }  // namespace sketch
