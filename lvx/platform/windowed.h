@@ -28,6 +28,8 @@
 #include "lvx/drawing/region.h"
 #include "lvx/drawing/stock_tools.h"
 #include "lvx/exchange/clipboard.h"
+#include "lvx/exchange/dde.h"
+#include "lvx/exchange/dde_server.h"
 #include "lvx/images/gl_bitmap.h"
 #include "lvx/menus/menu.h"
 #include "lvx/propdlg/property_dialog.h"
