@@ -37,6 +37,16 @@ public:
     int SelectedIndex() const { return m_selected; }
     /// Selects the figure of that number, and scrolls to it; -1 is none.
     void SelectFigure(int index);
+    /// Of the selected figure; empty if none is.
+    std::string SelectedDescription() const;
+    /// Null if nothing with a pen and brush is selected.
+    const Look* SelectedLook() const;
+    /// Changes the pen and brush of the selected figure; false if it has none.
+    bool ChangeLook(const std::function<void(Look&)>& change);
+    /// Puts `figure` on top and selects it.
+    void PutFigure(const FigurePointer& figure) { Add(figure); }
+    const Look& LookToCome() const { return m_look; }
+    const myFont& FontToCome() const { return m_font; }
     void AddPicture(const std::string& file);
 
     void SetupWindow() override;

@@ -83,18 +83,33 @@ void View::MoveSelected(int index) {
 
 // Of the selected shape, and of those to come.
 void View::CmLook() {
-    const FigurePointer selected = SelectedFigure();
-    const Look* const selectedLook = selected != nullptr ? selected->LookOf() : nullptr;
+    const Look* const selectedLook = SelectedLook();
     LookDialog dialog(this, selectedLook != nullptr ? *selectedLook : m_look);
     if (dialog.Execute() != IDOK) {
         return;
     }
     m_look = dialog.Chosen();
-    if (selectedLook != nullptr) {
-        const std::shared_ptr<Figure> changed = selected->Clone();
-        *changed->LookOf() = m_look;
-        Replace(changed);
+    ChangeLook([this](Look& look) { look = m_look; });
+}
+
+std::string View::SelectedDescription() const {
+    const FigurePointer selected = SelectedFigure();
+    return selected != nullptr ? selected->Describe() : "";
+}
+
+const Look* View::SelectedLook() const {
+    const FigurePointer selected = SelectedFigure();
+    return selected != nullptr ? selected->LookOf() : nullptr;
+}
+
+bool View::ChangeLook(const std::function<void(Look&)>& change) {
+    if (SelectedLook() == nullptr) {
+        return false;
     }
+    const std::shared_ptr<Figure> changed = SelectedFigure()->Clone();
+    change(*changed->LookOf());
+    Replace(changed);
+    return true;
 }
 
 // Of the selected figure, or with none of those to come.
