@@ -16,12 +16,14 @@ struct Fractions {
 };
 
 Fractions fractions_of(const RgbColour& colour) {
-    const auto fraction = [](int value) { return std::clamp(value, 0, most_of_rgb) * (1.0 / most_of_rgb); };
-    return {fraction(colour.red), fraction(colour.green), fraction(colour.blue)};
+    constexpr double step = 1.0 / most_of_rgb;
+    return {colour.red * step, colour.green * step, colour.blue * step};
 }
 
+// Halves go up, and so does what lies so close below one that the sum is rounded: all systems show the same
+// numbers.
 int rounded(double value) {
-    return static_cast<int>(value + 0.5);
+    return static_cast<int>(value + 0.5);  // NOLINT(bugprone-incorrect-roundings) as the comment says
 }
 
 // Which of the three is the largest tells the sextants, red before green before blue where two are equal; the
@@ -60,8 +62,20 @@ double channel_at(double hue, double low, double high) {
 
 }  // namespace
 
+RgbColour on_scale(const RgbColour& colour) {
+    const auto [red, green, blue] = colour;
+    return {std::clamp(red, 0, most_of_rgb), std::clamp(green, 0, most_of_rgb),
+            std::clamp(blue, 0, most_of_rgb)};
+}
+
+HlsColour on_scale(const HlsColour& colour) {
+    const auto [hue, lightness, saturation] = colour;
+    return {std::clamp(hue, 0, most_of_hue), std::clamp(lightness, 0, most_of_lightness),
+            std::clamp(saturation, 0, most_of_saturation)};
+}
+
 HlsColour hls_of(const RgbColour& colour, int greyHue) {
-    const Fractions fractions = fractions_of(colour);
+    const Fractions fractions = fractions_of(on_scale(colour));
     const auto [min, max] = std::minmax({fractions.red, fractions.green, fractions.blue});
     if (min == max) {
         return {greyHue, rounded(fractions.red * most_of_lightness), 0};
@@ -74,15 +88,15 @@ HlsColour hls_of(const RgbColour& colour, int greyHue) {
 }
 
 RgbColour rgb_of(const HlsColour& colour) {
-    const double hue = std::clamp(colour.hue, 0, most_of_hue);
-    const double lightness = std::clamp(colour.lightness, 0, most_of_lightness) * 0.01;
-    const double saturation = std::clamp(colour.saturation, 0, most_of_saturation) * 0.01;
+    const auto [hue, wholeLightness, wholeSaturation] = on_scale(colour);
+    const double lightness = wholeLightness * 0.01;
+    const double saturation = wholeSaturation * 0.01;
     const double high =
         lightness <= 0.5 ? (1 + saturation) * lightness : lightness + saturation - lightness * saturation;
     const double low = 2 * lightness - high;
+    const bool isGrey = wholeSaturation == 0;
     const auto channel = [&](double place) {
-        const double value = colour.saturation <= 0 ? lightness : channel_at(place, low, high);
-        return rounded(value * most_of_rgb);
+        return rounded((isGrey ? lightness : channel_at(place, low, high)) * most_of_rgb);
     };
     return {channel(hue + 120), channel(hue), channel(hue - 120)};
 }

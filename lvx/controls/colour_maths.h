@@ -38,6 +38,10 @@ inline constexpr int most_of_hue = 360;
 inline constexpr int most_of_lightness = 100;
 inline constexpr int most_of_saturation = 100;
 
+/// The colour with each number beyond its scale taken for the scale's end.
+LVX_EXPORT RgbColour on_scale(const RgbColour& colour);
+LVX_EXPORT HlsColour on_scale(const HlsColour& colour);
+
 /// A grey has no hue of its own and gets `greyHue`: so a slider of the hue stays where it is.
 LVX_EXPORT HlsColour hls_of(const RgbColour& colour, int greyHue);
 

@@ -175,6 +175,14 @@ TEST(RgbOf, takes_numbers_beyond_the_scales_for_their_ends) {
     EXPECT_EQ(rgb_of({0, 100, 0}), rgb_of({INT_MAX, INT_MAX, INT_MIN}));
 }
 
+TEST(OnScale, takes_a_number_beyond_its_scale_for_the_end) {
+    EXPECT_EQ((RgbColour{0, 255, 255}), lvx::on_scale(RgbColour{-1, 256, INT_MAX}));
+    EXPECT_EQ((RgbColour{0, 128, 255}), lvx::on_scale(RgbColour{0, 128, 255}));
+    EXPECT_EQ((HlsColour{360, 100, 100}), lvx::on_scale(HlsColour{361, 101, INT_MAX}));
+    EXPECT_EQ((HlsColour{0, 0, 0}), lvx::on_scale(HlsColour{-1, INT_MIN, -100}));
+    EXPECT_EQ((HlsColour{360, 100, 0}), lvx::on_scale(HlsColour{360, 100, 0}));
+}
+
 // Red, green and blue as a function of hue, lightness and saturation are, from the smallest channel to the
 // largest, L - C/2, L - C/2 + C f and L + C/2: C = 2 S L for L up to 1/2, else 2 S (1 - L), and f, from 0 to
 // 1, is how far the hue is on its way through a sextant. So a channel is L + C k with k = f - 1/2 between

@@ -80,6 +80,11 @@ TEST(PageOfBars, quotes_the_program_as_it_is) {
     EXPECT_EQ(1U, quotes_that_stand("docs/owl-bars.md", "rc toolbar.rc", "examples/toolbar/toolbar.rc"));
 }
 
+TEST(PageOfControls, quotes_the_program_as_it_is) {
+    EXPECT_EQ(3U, quotes_that_stand("docs/controls.md", "cpp paints.cpp", "examples/paints/paints.cpp"));
+    EXPECT_EQ(1U, quotes_that_stand("docs/controls.md", "rc paints.rc", "examples/paints/paints.rc"));
+}
+
 TEST(Tutorial, leaves_nothing_of_the_program_untold) {
     std::string told;
     for (const Lines& block : quotes("docs/owl.md", "cpp hello.cpp")) {

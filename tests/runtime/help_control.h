@@ -10,6 +10,8 @@ struct HelpCall {
     char file[300];
     UINT command;
     DWORD_PTR data;
+    /// What `data` points at if the command shows the text of a control: pairs of ids up to one of zeros.
+    unsigned long pairs[64];
 };
 
 /// The name of the function that tells it: `const HelpCall*()`.

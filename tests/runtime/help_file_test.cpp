@@ -7,8 +7,8 @@
 #include <string>
 #include <type_traits>
 
-#include "help_control.h"
 #include "lvx/text/error.h"
+#include "runtime/help_control_order.h"
 #include "support/expect_throw.h"
 #include "support/peer_process.h"
 #include "support/places.h"
@@ -16,6 +16,9 @@
 #include "tests/owl/desk.h"
 
 namespace {
+
+using Control = lvx_test::HelpControl;
+using lvx_test::ControlOrder;
 
 static_assert(!std::is_copy_constructible_v<LVXHelpFile> && !std::is_copy_assignable_v<LVXHelpFile>);
 
@@ -30,53 +33,6 @@ std::string system_text(DWORD code) {
                      LANG_USER_DEFAULT, text, sizeof text, nullptr);
     return text;
 }
-
-// How Wine loads the control, until the end of the object: from a file of ours, or nowhere if `order` is
-// empty. Every load asks for it anew.
-class ControlOrder {
-public:
-    explicit ControlOrder(const std::string& order) {
-        for (const char* const name : names) {
-            ::RegSetKeyValueA(HKEY_CURRENT_USER, key, name, REG_SZ, order.c_str(),
-                              static_cast<DWORD>(order.size() + 1));
-        }
-    }
-    ControlOrder(const ControlOrder&) = delete;
-    ControlOrder& operator=(const ControlOrder&) = delete;
-    ~ControlOrder() { Forget(); }
-
-    /// A run that was killed may have left it.
-    static void Forget() {
-        for (const char* const name : names) {
-            ::RegDeleteKeyValueA(HKEY_CURRENT_USER, key, name);
-        }
-    }
-
-private:
-    static constexpr const char* key = "Software\\Wine\\DllOverrides";
-    // By its plain name, and by a path.
-    static constexpr const char* names[] = {"hhctrl.ocx", "*hhctrl.ocx"};
-};
-
-// A control of our own, in the process under the name of the system's.
-class Control {
-public:
-    explicit Control(const std::string& folder) {
-        const ControlOrder order("native");
-        m_module = ::LoadLibraryA((lvx_test::program_folder() + folder + "\\hhctrl.ocx").c_str());
-        auto* const address = reinterpret_cast<void*>(::GetProcAddress(m_module, last_call_name));
-        m_call = reinterpret_cast<const HelpCall* (*)()>(address)();
-    }
-    Control(const Control&) = delete;
-    Control& operator=(const Control&) = delete;
-    ~Control() { ::FreeLibrary(m_module); }
-
-    const HelpCall& Call() const { return *m_call; }
-
-private:
-    HMODULE m_module = nullptr;
-    const HelpCall* m_call = nullptr;
-};
 
 std::string stars_file() {
     char path[MAX_PATH] = {};

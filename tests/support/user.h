@@ -90,6 +90,15 @@ inline void ReleaseRight(int x, int y) {
     detail::SendMouse(x, y, MOUSEEVENTF_RIGHTUP);
 }
 
+/// Turns the wheel by so many notches, forward if that is positive.
+inline void TurnWheel(int notches) {
+    INPUT input{};
+    input.type = INPUT_MOUSE;
+    input.mi.dwFlags = MOUSEEVENTF_WHEEL;
+    input.mi.mouseData = static_cast<DWORD>(notches * WHEEL_DELTA);
+    ::SendInput(1, &input, sizeof input);
+}
+
 /// Clicks with the left button at a point of the screen.
 inline void Click(int x, int y) {
     std::vector<INPUT> inputs{detail::Mouse(x, y, MOUSEEVENTF_LEFTDOWN),

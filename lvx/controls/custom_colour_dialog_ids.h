@@ -1,0 +1,26 @@
+// lvx/controls/custom_colour_dialog_ids.h
+//
+// The numbers of the dialog of custom_colour_dialog.rc, for resource files too.
+#pragma once
+
+#define IDD_CUSTOM_COLOUR 7060
+
+#define IDC_COLOUR_RGB_GROUP 101
+#define IDC_COLOUR_RED_BAR 102
+#define IDC_COLOUR_RED_EDIT 103
+#define IDC_COLOUR_GREEN_BAR 104
+#define IDC_COLOUR_GREEN_EDIT 105
+#define IDC_COLOUR_BLUE_BAR 106
+#define IDC_COLOUR_BLUE_EDIT 107
+#define IDC_COLOUR_HLS_GROUP 108
+#define IDC_COLOUR_HUE_BAR 109
+#define IDC_COLOUR_HUE_EDIT 110
+#define IDC_COLOUR_SATURATION_BAR 111
+#define IDC_COLOUR_SATURATION_EDIT 112
+#define IDC_COLOUR_LIGHTNESS_BAR 113
+#define IDC_COLOUR_LIGHTNESS_EDIT 114
+#define IDC_COLOUR_SAMPLE_GROUP 115
+#define IDC_COLOUR_SAMPLE_FRAME 116
+#define IDC_COLOUR_SAMPLE 117
+#define IDC_COLOUR_NAME_LABEL 118
+#define IDC_COLOUR_NAME_EDIT 119
