@@ -8,8 +8,9 @@
 // full name as it was given, and the command id is `firstId` plus the number.
 //
 // Owns its menu, but neither the window nor the settings, which must outlive it. For the thread of the
-// window. Does not: take its items out of the menu when it is destroyed, shorten names, double an "&" in
-// them, take names in different case for the same file, look whether the files are there, report failures.
+// window. Does not: take its items out of the menu when it is destroyed, notice that the window has another
+// menu bar now (setMenu(nullptr) and Update() do), shorten names, double an "&" in them, take names in
+// different case for the same file, look whether the files are there, report failures.
 #pragma once
 
 #include <memory>

@@ -153,7 +153,8 @@ public:
     /// Over a menu, likewise. With owl::AutoDelete it ends with the object.
     LVXMenu(HMENU handle, owl::TAutoDelete autoDelete);
     /// Deletes the items, the last one first. A menu that the system still has keeps the entries of commands,
-    /// which then are nobody's; sub-menus that end with their objects are taken out of it.
+    /// which then are nobody's; sub-menus that end with their objects are taken out of it. The window, which
+    /// may have gone before, is not drawn anew.
     ~LVXMenu() override;
 
     /// Makes items for the entries of the system's menu, behind those that there are; once is enough, and the

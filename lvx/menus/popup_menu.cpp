@@ -14,11 +14,10 @@ LVXPopupMenu::LVXPopupMenu(HMENU parentHandle, unsigned int position, HMENU hand
 // Here and not in the item's destructor, which knows no sub-menus. A menu that is going has put this one out
 // of its list, and the system's menu may live on: it must not keep a drop-down that ends.
 LVXPopupMenu::~LVXPopupMenu() {
-    if (parent == nullptr) {
-        return;
+    if (parent != nullptr) {
+        parent->removeItem(this);
     }
-    if (!parent->removeItem(this) && parent != nullptr && IsOwner()) {
+    if (parent != nullptr && IsOwner()) {
         parent->RemoveSubMenu(*this);
     }
-    parent = nullptr;
 }

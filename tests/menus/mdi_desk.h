@@ -3,11 +3,36 @@
 
 #include <windows.h>
 
+#include <gtest/gtest.h>
+
 #include "owl/application.h"
 #include "owl/mdi.h"
 #include "tests/owl/desk.h"
 
 namespace lvx_test {
+
+/// Closes a menu that stays open, because no entry has the keys that were pressed, and fails the test: its
+/// loop is the system's and would last for ever.
+class MenuWatchdog {
+public:
+    MenuWatchdog() : m_timer(::SetTimer(nullptr, 0, 10000, &Bark)) {}
+    ~MenuWatchdog() { ::KillTimer(nullptr, m_timer); }
+    MenuWatchdog(const MenuWatchdog&) = delete;
+    MenuWatchdog& operator=(const MenuWatchdog&) = delete;
+
+private:
+    static void CALLBACK Bark(HWND, UINT, UINT_PTR, DWORD) {
+        GUITHREADINFO info{};
+        info.cbSize = sizeof info;
+        ::GetGUIThreadInfo(::GetCurrentThreadId(), &info);
+        if ((info.flags & GUI_INMENUMODE) == 0)
+            return;
+        ADD_FAILURE() << "a menu was left open";
+        ::EndMenu();
+    }
+
+    UINT_PTR m_timer;
+};
 
 /// A bar with the drop-downs File (New, Exit) and Edit (Copy), for a window to have.
 inline HMENU FileAndEdit() {
@@ -49,6 +74,7 @@ struct MdiDesk {
     }
     HMENU Bar() const { return frame->GetMenu(); }
 
+    MenuWatchdog watchdog;
     owl::TApplication application;
     Frame* frame;
 };

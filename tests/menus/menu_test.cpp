@@ -150,13 +150,27 @@ TEST_F(Menu, keeps_the_former_id_of_a_command_out_of_the_pool) {
         menu.addItem(item);
         latter = item->getId();
     }
-    EXPECT_FALSE(LVXMenu::MenuItemSelected(former)) << "the item has gone";
     const unsigned int next = LVXMenu::AllocateMenuId();
     EXPECT_EQ(latter, next);
     const unsigned int behind = LVXMenu::AllocateMenuId();
     EXPECT_NE(former, behind);
     LVXMenu::FreeMenuId(behind);
     LVXMenu::FreeMenuId(next);
+}
+
+// Who chose the entry that had stayed in the menu reached for an item that had gone.
+TEST_F(Menu, forgets_a_command_under_its_former_id_too) {
+    unsigned int former = 0;
+    {
+        LVXMenu menu;
+        LVXMenuItem* const item = Command("One");
+        menu.addItem(item);
+        former = item->getId();
+        menu.addItem(item);
+        EXPECT_TRUE(LVXMenu::MenuItemSelected(former));
+    }
+    LVXMenuItem other("Other", new lvx_test::Nothing, static_cast<int>(former));
+    EXPECT_TRUE(LVXMenu::AddMenuItem(&other)) << "nobody should have the id";
 }
 
 TEST_F(Menu, takes_an_empty_label_for_a_separator_without_an_id) {
@@ -206,6 +220,7 @@ TEST_F(Menu, removes_a_command_which_is_the_callers_then) {
     EXPECT_EQ(id, two->getId());
     EXPECT_TRUE(LVXMenu::MenuItemSelected(id)) << "it should keep its id until it ends";
     EXPECT_FALSE(two->check(true)) << "it is in no menu";
+    EXPECT_FALSE(two->checked());
 }
 
 TEST_F(Menu, removes_a_separator_by_its_place) {

@@ -95,6 +95,7 @@ TEST_F(PopupMenu, is_removed_by_its_handle_and_lives_on) {
     EXPECT_EQ((Lines{"Foreign", "First >"}), Shown(m_menu));
     EXPECT_TRUE(::IsMenu(sub->GetHandle()));
     EXPECT_FALSE(sub->check(true)) << "it is in no menu";
+    EXPECT_FALSE(sub->checked());
 }
 
 TEST_F(PopupMenu, tells_if_the_system_does_not_have_it_any_more) {
@@ -103,6 +104,7 @@ TEST_F(PopupMenu, tells_if_the_system_does_not_have_it_any_more) {
     EXPECT_FALSE(m_menu.removeItem(sub.get()));
     EXPECT_EQ(0, m_menu.mitems().count()) << "it is taken out all the same";
     EXPECT_FALSE(sub->check(true));
+    EXPECT_FALSE(sub->checked());
 }
 
 TEST_F(PopupMenu, leaves_its_menu_when_it_is_deleted) {
