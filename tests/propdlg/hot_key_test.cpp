@@ -3,7 +3,14 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include "property_desk.h"
+
 namespace {
+
+using lvx::propdlg::has_control_with_key;
+using lvx::propdlg::text_of_control;
+using propdlg_test::Dialog;
+using propdlg_test::PropertyDesk;
 
 using lvx::propdlg::hot_key_of;
 using lvx::propdlg::pressed_key;
@@ -61,6 +68,29 @@ TEST_F(HotKeys, keys_without_a_character_do_not_count) {
     EXPECT_EQ(0, pressed_key());
     hold({});
     EXPECT_EQ(0, pressed_key());
+}
+
+struct HotKeysOfControls : PropertyDesk {};
+
+TEST_F(HotKeysOfControls, are_known_to_the_dialog_manager_but_for_what_is_typed_or_disabled) {
+    Dialog dialog(calls, desk.frame);
+    Open(dialog);
+    EXPECT_TRUE(has_control_with_key(a.GetHandle(), 'L'));
+    EXPECT_TRUE(has_control_with_key(a.GetHandle(), 'S'));
+    EXPECT_FALSE(has_control_with_key(a.GetHandle(), 'Q'));
+    a.SetDlgItemText(IDC_FIRST, "&query");
+    EXPECT_FALSE(has_control_with_key(a.GetHandle(), 'Q'));
+    ::EnableWindow(a.GetDlgItem(IDC_LAST), FALSE);
+    EXPECT_FALSE(has_control_with_key(a.GetHandle(), 'L'));
+    EXPECT_FALSE(has_control_with_key(nullptr, 'L'));
+}
+
+TEST_F(HotKeysOfControls, stand_in_the_first_hundred_characters) {
+    Dialog dialog(calls, desk.frame);
+    Open(dialog);
+    a.SetDlgItemText(IDC_LAST, std::string(300, 'x').c_str());
+    EXPECT_EQ(std::string(100, 'x'), text_of_control(a.GetDlgItem(IDC_LAST)));
+    EXPECT_EQ("", text_of_control(nullptr));
 }
 
 }  // namespace
