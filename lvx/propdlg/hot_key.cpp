@@ -1,7 +1,5 @@
 #include "lvx/propdlg/hot_key.h"
 
-#include <windows.h>
-
 #include <array>
 
 namespace lvx::propdlg {
@@ -24,6 +22,23 @@ char hot_key_of(const std::string& text) {
             return upper_case(text[at + 1]);
     }
     return 0;
+}
+
+std::string text_of_control(HWND control) {
+    if (control == nullptr)
+        return {};
+    std::array<char, 101> text{};
+    const int length = ::GetWindowTextA(control, text.data(), static_cast<int>(text.size()));
+    return std::string(text.data(), static_cast<std::size_t>(length));
+}
+
+bool has_control_with_key(HWND window, char key) {
+    for (HWND child = ::GetWindow(window, GW_CHILD); child != nullptr; child = ::GetWindow(child, GW_HWNDNEXT)) {
+        const bool isField = (::SendMessageA(child, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) != 0;
+        if (!isField && ::IsWindowEnabled(child) && hot_key_of(text_of_control(child)) == key)
+            return true;
+    }
+    return false;
 }
 
 char pressed_key() {

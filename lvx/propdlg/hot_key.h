@@ -3,6 +3,8 @@
 // Hot keys: the letters that a text marks with an ampersand, and the key that is held down. Private to the library.
 #pragma once
 
+#include <windows.h>
+
 #include <string>
 
 namespace lvx::propdlg {
@@ -12,5 +14,12 @@ char hot_key_of(const std::string& text);
 
 /// The character of a key that is held down just now, Alt aside, in upper case; 0 if no such key has one.
 char pressed_key();
+
+/// The text of a control, at most 100 characters of it.
+std::string text_of_control(HWND control);
+
+/// Whether the dialog manager has something to do for Alt and `key` in `window`: one of its controls, which is
+/// enabled and no field to type in, has that hot key.
+bool has_control_with_key(HWND window, char key);
 
 }  // namespace lvx::propdlg

@@ -5,21 +5,41 @@
 
 namespace {
 
-bool is_down(int key) {
-    return ::GetKeyState(key) < 0;
-}
+constexpr LPARAM released = LPARAM{1} << 31;
 
-bool take_tab() {
-    if (!is_down(VK_TAB) || is_down(VK_MENU))
+// A key that goes down or up, or is held while that happens. Systems differ in whether the state of the keyboard
+// knows of it when the hook is called; the key itself tells.
+class KeyStroke {
+public:
+    KeyStroke(WPARAM key, LPARAM details) : m_key(static_cast<int>(key)), m_goesDown((details & released) == 0) {}
+
+    bool Is(int key) const { return m_key == key; }
+    bool IsDown(int key) const { return Is(key) ? m_goesDown : ::GetKeyState(key) < 0; }
+
+private:
+    int m_key;
+    bool m_goesDown;
+};
+
+bool take_tab(const KeyStroke& stroke) {
+    if (!stroke.IsDown(VK_TAB) || stroke.IsDown(VK_MENU))
         return false;
     const lvx::propdlg::FocusOwner owner = lvx::propdlg::find_focus_owner();
-    return owner.window != nullptr && lvx::propdlg::take_tab_key(owner, !is_down(VK_SHIFT));
+    return owner.window != nullptr && lvx::propdlg::take_tab_key(owner, !stroke.IsDown(VK_SHIFT));
 }
 
-void take_page_keys() {
-    if (!is_down(VK_CONTROL) || !(is_down(VK_PRIOR) || is_down(VK_NEXT)))
-        return;
-    lvx::propdlg::step_tabs(lvx::propdlg::find_focus_owner(), is_down(VK_NEXT));
+// A change of tab handles messages. The key that is being looked at is still among them, and maybe its release:
+// then the key must not come to the strip any more, as one without Control.
+bool take_page_keys(const KeyStroke& stroke) {
+    static bool isStepping = false;
+    if (isStepping || !stroke.IsDown(VK_CONTROL) || !(stroke.IsDown(VK_PRIOR) || stroke.IsDown(VK_NEXT)))
+        return false;
+    struct Step {
+        Step() { isStepping = true; }
+        ~Step() { isStepping = false; }
+    } const step;
+    lvx::propdlg::step_tabs(lvx::propdlg::find_focus_owner(), stroke.IsDown(VK_NEXT));
+    return ::GetKeyState(VK_CONTROL) >= 0;
 }
 
 }  // namespace
@@ -28,11 +48,8 @@ LRESULT CALLBACK PropdlgKbdProc(int code, WPARAM wParam, LPARAM lParam) {
     const HHOOK hook = lvx::propdlg::shared_state().HookHandle;
     if (code < 0 || code == HC_NOREMOVE)
         return ::CallNextHookEx(hook, code, wParam, lParam);
-    bool isTaken = false;
-    if (wParam == VK_TAB)
-        isTaken = take_tab();
-    else
-        take_page_keys();
+    const KeyStroke stroke(wParam, lParam);
+    const bool isTaken = stroke.Is(VK_TAB) ? take_tab(stroke) : take_page_keys(stroke);
     ::CallNextHookEx(hook, code, wParam, lParam);
     return isTaken ? 1 : 0;
 }

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "lvx/propdlg/control_calls.h"
+#include "lvx/propdlg/hot_key.h"
 #include "lvx/propdlg/property_page.h"
 #include "lvx/propdlg/shared_state.h"
 #include "owl/application.h"
@@ -235,6 +236,15 @@ LRESULT TPropertyDialog::EvCommand(UINT id, HWND control, UINT notifyCode) {
             return page->EvCommand(id, control, notifyCode);
     }
     return owl::TWindow::EvCommand(id, control, notifyCode);
+}
+
+// As in a page: the control that gets them asks for a menu, and the dialog does not hear of that.
+bool TPropertyDialog::PreProcessMsg(MSG& msg) {
+    LVXPropertyPage* const page = msg.message == WM_SYSCHAR ? GetPageRef(-1) : nullptr;
+    const bool isTaken = page != nullptr && page->IsWindow() &&
+                         !lvx::propdlg::has_control_with_key(GetHandle(), lvx::propdlg::pressed_key()) &&
+                         page->CheckHotKey(nullptr);
+    return isTaken || LVXCentredDialog::PreProcessMsg(msg);
 }
 
 void TPropertyDialog::EvSysCommand(UINT command, const owl::TPoint& point) {

@@ -41,6 +41,8 @@ public:
     /// Creates the dialog, shows it, and runs it to its end.
     int DoExecute() override;
     void Destroy(int retVal = 0) override;
+    /// Alt and a letter that no control of the dialog has are looked for by the selected page.
+    bool PreProcessMsg(MSG& msg) override;
     /// Lets the system set the focus if there is no strip.
     bool EvInitDialog(HWND focus) override;
 

@@ -1,7 +1,5 @@
 #include "lvx/propdlg/property_page.h"
 
-#include <array>
-
 #include "lvx/propdlg/control_calls.h"
 #include "lvx/propdlg/hot_key.h"
 #include "lvx/propdlg/property_dialog.h"
@@ -36,23 +34,25 @@ bool LVXPropertyPage::EvInitDialog(HWND focus) {
 // Escape
 
 bool LVXPropertyPage::PreProcessMsg(MSG& msg) {
-    if (msg.message == WM_KEYDOWN && msg.wParam == VK_ESCAPE)
-        return TakeEscape(msg);
-    if (msg.message != WM_CHAR || msg.wParam != VK_ESCAPE)
-        return TDialog::PreProcessMsg(msg);
-    if (PropertyDialog != nullptr && lvx::propdlg::is_of_class(msg.hwnd, "EDIT"))
-        PropertyDialog->PostMessage(WM_COMMAND, IDCANCEL);
-    return true;
+    if (msg.message == WM_KEYDOWN && msg.wParam == VK_ESCAPE) {
+        PassEscape(msg);
+        return true;
+    }
+    if (msg.message == WM_CHAR && msg.wParam == VK_ESCAPE) {
+        if (PropertyDialog != nullptr && lvx::propdlg::is_of_class(msg.hwnd, "EDIT"))
+            PropertyDialog->PostMessage(WM_COMMAND, IDCANCEL);
+        return true;
+    }
+    return (msg.message == WM_SYSCHAR && TakeHotKey(PropertyDialog)) || TDialog::PreProcessMsg(msg);
 }
 
-// The dialog manager would cancel the page at once, whatever control it is. The control gets the key, so that a
-// list that dropped down can close; but an edit field only as a character, for one of several lines closes the
-// dialog that it stands in.
-bool LVXPropertyPage::TakeEscape(MSG& msg) {
-    if (!lvx::propdlg::is_of_class(msg.hwnd, "EDIT"))
-        return false;
+// The dialog managers of page and dialog would cancel at once, whatever control it is. The control gets the key, so
+// that a list that dropped down can close; but an edit field only as a character, for one of several lines closes
+// the dialog that it stands in.
+void LVXPropertyPage::PassEscape(MSG& msg) {
     ::TranslateMessage(&msg);
-    return true;
+    if (!lvx::propdlg::is_of_class(msg.hwnd, "EDIT"))
+        ::DispatchMessageA(&msg);
 }
 
 // What a host may override
@@ -152,6 +152,12 @@ void LVXPropertyPage::EvSysCommand(UINT command, const owl::TPoint& point) {
     TDialog::EvSysCommand(command, point);
 }
 
+// A control that gets Alt and a letter asks for a menu then, and nobody above it hears of that. What the dialog
+// manager knows of is left to it.
+bool LVXPropertyPage::TakeHotKey(owl::TDialog* dialog) {
+    return !lvx::propdlg::has_control_with_key(GetHandle(), lvx::propdlg::pressed_key()) && CheckHotKey(dialog);
+}
+
 bool LVXPropertyPage::CheckHotKey(owl::TDialog* dialog) {
     const char key = lvx::propdlg::pressed_key();
     TPropertyTab* const strip = Strip();
@@ -164,9 +170,8 @@ bool LVXPropertyPage::CheckHotKey(owl::TDialog* dialog) {
 bool LVXPropertyPage::ClickByKey(const owl::TDialog& dialog, char key) {
     for (HWND child = ::GetWindow(dialog.GetHandle(), GW_CHILD); child != nullptr;
          child = ::GetWindow(child, GW_HWNDNEXT)) {
-        std::array<char, 101> text{};
-        ::GetWindowTextA(child, text.data(), static_cast<int>(text.size()));
-        if (!::IsWindowEnabled(child) || lvx::propdlg::hot_key_of(text.data()) != key)
+        const std::string text = lvx::propdlg::text_of_control(child);
+        if (!::IsWindowEnabled(child) || lvx::propdlg::hot_key_of(text) != key)
             continue;
         const bool isTabStop = (::GetWindowLongPtrA(child, GWL_STYLE) & WS_TABSTOP) != 0;
         const HWND control = isTabStop ? child : dialog.GetNextDlgTabItem(child);

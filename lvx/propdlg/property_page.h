@@ -30,7 +30,8 @@ public:
     ~LVXPropertyPage() override;
 
     void SetupWindow() override;
-    /// Drops Escape, unless it is typed into an edit field: there it cancels the dialog.
+    /// Drops Escape, unless it is typed into an edit field: there it cancels the dialog. Alt and a letter that no
+    /// control of the page has are looked for by CheckHotKey().
     bool PreProcessMsg(MSG& msg) override;
     /// False: the focus is the dialog's affair.
     bool EvInitDialog(HWND focus) override;
@@ -91,7 +92,8 @@ private:
     friend class TPropertyDialog;
 
     TPropertyTab* Strip() const;
-    static bool TakeEscape(MSG& msg);
+    static void PassEscape(MSG& msg);
+    bool TakeHotKey(owl::TDialog* dialog);
     static bool ClickByKey(const owl::TDialog& dialog, char key);
     int TabOrOwn(int tab) const { return tab == -1 ? TabIndex : tab; }
 

@@ -132,10 +132,9 @@ bool TPropertyTab::SelectTab(int tab) {
     const int former = SelectedTab;
     if (GetPage(former) != page)
         LeavePage(*GetPage(former));
-    Arithmetic layout(*this);
-    layout->BringRowForward(tab);
+    Arithmetic(*this)->BringRowForward(tab);
     SelectedTab = tab;
-    layout->ShowSelection(former, scrolled);
+    Arithmetic(*this)->ShowSelection(former, scrolled);
     SetPageFocus(true);
     // Messages were handled: one of them may have closed the dialog.
     if (!is_alive(this))

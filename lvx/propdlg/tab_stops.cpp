@@ -22,20 +22,19 @@ HWND last_item(HWND window) {
 
 bool take_tab_key_in_dialog(TPropertyDialog& dialog, HWND focus, bool forward) {
     TPropertyTab* const strip = dialog.GetTabControl();
-    if (strip == nullptr)
+    if (strip == nullptr || strip->GetEntryCount() == 0)
         return false;
-    const LVXPropertyPage* const selected = dialog.GetPageRef(-1);
-    const HWND page = selected != nullptr ? selected->GetHandle() : nullptr;
+    LVXPropertyPage& page = *dialog.GetPageRef(-1);
     const HWND next = dialog.GetNextDlgTabItem(focus, !forward);
     if (focus == strip->GetHandle()) {
         if (forward)
-            return move_focus(&dialog, dialog, first_tab_stop(page));
+            return move_focus(&dialog, page, first_tab_stop(page.GetHandle()));
         if (next != focus)
             return false;
     }
     if (next != strip->GetHandle() || forward)
         return false;
-    return move_focus(&dialog, dialog, last_tab_stop(page));
+    return move_focus(&dialog, page, last_tab_stop(page.GetHandle()));
 }
 
 bool take_tab_key_in_page(LVXPropertyPage& page, HWND focus, bool forward) {

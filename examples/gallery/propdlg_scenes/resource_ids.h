@@ -1,0 +1,17 @@
+#pragma once
+
+#define IDD_PROPERTIES 100
+#define IDD_BUTTONS_ON_RIGHT 101
+#define IDD_WIZARD 102
+#define IDD_LINE 110
+#define IDD_FILL 111
+#define IDD_FONT 112
+#define IDD_PICTURE 113
+
+#define IDC_WIDTH 200
+#define IDC_STYLE 201
+#define IDC_ROUND 202
+#define IDC_SAMPLE 203
+
+#define IDB_SIGNS 300
+#define IDB_MASKED_SIGNS 301
