@@ -7,6 +7,7 @@
 #include <string>
 
 #include "support/bytes.h"
+#include "support/places.h"
 #include "support/temp_folder.h"
 
 namespace lvx_test {
@@ -27,5 +28,17 @@ protected:
     TempFolder m_folder;
     std::string m_output;
 };
+
+/// What stands in a page of docs/ as the output of a program: the block that begins with "```text PROGRAM".
+inline std::string output_in_page(const std::string& page, const std::string& program) {
+    const std::string text = read_file(own_data() + "/../../docs/" + page);
+    const std::string mark = "```text " + program + "\n";
+    const std::size_t start = text.find(mark);
+    if (start == std::string::npos) {
+        return "no such block";
+    }
+    const std::size_t first = start + mark.size();
+    return text.substr(first, text.find("```", first) - first);
+}
 
 }  // namespace lvx_test

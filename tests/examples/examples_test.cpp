@@ -32,18 +32,6 @@ protected:
     }
 };
 
-// What stands in a page of docs/ as the output of a program: the block that begins with "```text PROGRAM".
-std::string output_in_page(const std::string& page, const std::string& program) {
-    const std::string text = lvx_test::read_file(lvx_test::own_data() + "/../../docs/" + page);
-    const std::string mark = "```text " + program + "\n";
-    const std::size_t start = text.find(mark);
-    if (start == std::string::npos) {
-        return "no such block";
-    }
-    const std::size_t first = start + mark.size();
-    return text.substr(first, text.find("```", first) - first);
-}
-
 const std::string picture_file = lvx_test::own_data() + "/pictures/pal8v4.bmp";
 
 }  // namespace
@@ -91,7 +79,7 @@ TEST_F(Examples, turn_and_skew_writes_both_pictures) {
     const std::string folder = m_folder.File("");
     EXPECT_TRUE(Run("turn_and_skew " + lvx_test::own_data() + "/pictures/testorig.jpg " + folder))
         << m_output;
-    EXPECT_EQ(output_in_page("skew.md", "turn_and_skew"), m_output);
+    EXPECT_EQ(lvx_test::output_in_page("skew.md", "turn_and_skew"), m_output);
     const DIBitmap turned(m_folder.File("turned.bmp"), DIBitmap::DIB);
     EXPECT_EQ(owl::TSize(271, 242), turned.GetSize());
     const DIBitmap skewed(m_folder.File("skewed.bmp"), DIBitmap::DIB);
@@ -136,7 +124,7 @@ TEST_F(Examples, where_is_tells_that_nothing_was_found) {
 
 TEST_F(Examples, plotter_says_what_its_page_says) {
     EXPECT_TRUE(Run("plotter")) << m_output;
-    EXPECT_EQ(output_in_page("token-tables.md", "plotter"), m_output);
+    EXPECT_EQ(lvx_test::output_in_page("token-tables.md", "plotter"), m_output);
 }
 
 TEST_F(Examples, topics_are_handed_over_whole_and_in_order_of_their_making) {

@@ -29,6 +29,17 @@ const std::string node_7 =
 const std::string one_pixel = lvx_test::bytes(
     "28000000 01000000 01000000 0100 2000 00000000 00000000 00000000 00000000 00000000 00000000 01020304");
 
+/// Does something when it ends.
+class LastWords : public owl::TBitmap {
+public:
+    explicit LastWords(std::function<void()> action)
+        : TBitmap(2, 2, 1, 1, nullptr), m_action(std::move(action)) {}
+    ~LastWords() override { m_action(); }
+
+private:
+    std::function<void()> m_action;
+};
+
 class ClipboardFaults : public lvx_test::OnClipboard {
 protected:
     ClipboardFaults() { lvx_test::register_shapes(); }
@@ -151,6 +162,15 @@ TEST_F(ClipboardFaults, get_of_an_object_writes_the_file_in_pieces) {
     const SystemCalls calls;
     EXPECT_TRUE(GetNode());
     EXPECT_THAT(calls.Log(), testing::IsSupersetOf({"_lwrite 32768", "_lwrite 5"}));
+}
+
+TEST_F(ClipboardFaults, get_of_a_picture_ends_the_former_one_before_anything_else) {
+    Put(CF_DIB, one_pixel);
+    std::vector<std::string> before{"nothing was ended"};
+    const SystemCalls calls;
+    lvx::auto_ptr<owl::TBitmap> bitmap(new LastWords([&] { before = calls.Log(); }));
+    EXPECT_TRUE(clipboard.get(bitmap));
+    EXPECT_THAT(before, IsEmpty());
 }
 
 TEST_F(ClipboardFaults, format_is_registered_by_its_name_once) {

@@ -1,6 +1,6 @@
 #include "lvx/exchange/clipboard.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <array>
 #include <cstring>
@@ -114,6 +114,30 @@ TEST_F(Clipboard, of_no_window_can_be_read) {
     EXPECT_TRUE(LVXClipboard(&uncreated).get(text, CF_TEXT));
 }
 
+TEST_F(Clipboard, of_a_window_that_is_gone_makes_every_operation_false) {
+    clipboard.put("text", CF_TEXT);
+    Put(CF_DIB, red_and_blue);
+    HWND gone = nullptr;
+    {
+        const owl_test::MessageWindow closed;
+        gone = closed;
+    }
+    LVXClipboard other(gone);
+    EXPECT_FALSE(other.clear());
+    EXPECT_FALSE(other.put("other", CF_TEXT));
+    std::string text = "before";
+    EXPECT_FALSE(other.get(text, CF_TEXT));
+    EXPECT_EQ("before", text);
+    DIBitmap empty(nullptr, DIBitmap::Adopt);
+    EXPECT_FALSE(other.put(&empty));
+    EXPECT_THAT(files.Names(), testing::IsEmpty());
+    lvx::auto_ptr<DIBitmap> picture;
+    EXPECT_FALSE(other.get(picture));
+    EXPECT_TRUE(IsFree());
+    EXPECT_TRUE(clipboard.get(text, CF_TEXT));
+    EXPECT_EQ("text", text);
+}
+
 // Texts
 
 TEST_F(Clipboard, text_comes_back) {
@@ -172,11 +196,15 @@ TEST_F(Clipboard, text_that_is_null_is_put_nowhere) {
     EXPECT_EQ(std::string("text\0", 5), Block(CF_TEXT));
 }
 
+// Of some of these sizes there is no zero behind the block by chance.
 TEST_F(Clipboard, text_that_nothing_ends_ends_with_its_block) {
-    Put(CF_DSPTEXT, "abc");
-    std::string text;
-    EXPECT_TRUE(clipboard.get(text, CF_DSPTEXT));
-    EXPECT_EQ("abc", text);
+    for (std::size_t size = 1; size <= 200; ++size) {
+        const std::string all(size, 'x');
+        Put(CF_DSPTEXT, all);
+        std::string text;
+        EXPECT_TRUE(clipboard.get(text, CF_DSPTEXT));
+        EXPECT_EQ(all, text);
+    }
 }
 
 TEST_F(Clipboard, text_that_is_not_there_is_false_and_nothing_changes) {

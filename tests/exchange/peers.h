@@ -5,11 +5,27 @@
 #include <windows.h>
 
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "support/peer_process.h"
 
 namespace lvx_test {
+
+/// As the owner of a clipboard does: the system asks it for what it makes of its formats, and others wait for
+/// its answer. False if `event` does not come.
+inline bool handles_messages_until(HANDLE event) {
+    for (;;) {
+        const DWORD reason = ::MsgWaitForMultipleObjects(1, &event, FALSE, long_time, QS_ALLINPUT);
+        if (reason != WAIT_OBJECT_0 + 1) {
+            return reason == WAIT_OBJECT_0;
+        }
+        MSG message{};
+        while (::PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE) != 0) {
+            ::DispatchMessageA(&message);
+        }
+    }
+}
 
 /// An event that both processes know by its name.
 class Signal {
@@ -23,7 +39,8 @@ public:
 
     const std::string& Name() const { return m_name; }
     void Set() const { ::SetEvent(m_event); }
-    bool Comes() const { return ::WaitForSingleObject(m_event, long_time) == WAIT_OBJECT_0; }
+    /// Handles messages until it comes. False if it does not.
+    bool Comes() const { return handles_messages_until(m_event); }
 
 private:
     static inline int s_count = 0;
@@ -42,7 +59,8 @@ public:
         EXPECT_TRUE(m_ready.Comes()) << program << ' ' << verb;
     }
 
-    /// Lets it go on; its exit code once it has ended.
+    /// Lets it go on; its exit code once it has ended. It owns the clipboard, or nobody waits for this
+    /// process.
     int Finish() {
         m_go.Set();
         return m_process.Result();
@@ -71,7 +89,16 @@ inline const char* const host_peer = "lvx_clipboard_host.exe";
 
 /// Its exit code.
 inline int run_peer(const std::string& program, const std::vector<std::string>& arguments) {
-    return PeerProcess(program, arguments).Result();
+    PeerProcess peer(program, arguments);
+    const Signal ended("lvx clipboard ended ");
+    int result = -1;
+    std::thread waiting([&] {
+        result = peer.Result();
+        ended.Set();
+    });
+    ended.Comes();
+    waiting.join();
+    return result;
 }
 
 }  // namespace lvx_test
