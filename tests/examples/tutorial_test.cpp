@@ -83,6 +83,8 @@ TEST(PageOfBars, quotes_the_program_as_it_is) {
 TEST(PageOfControls, quotes_the_program_as_it_is) {
     EXPECT_EQ(3U, quotes_that_stand("docs/controls.md", "cpp paints.cpp", "examples/paints/paints.cpp"));
     EXPECT_EQ(1U, quotes_that_stand("docs/controls.md", "rc paints.rc", "examples/paints/paints.rc"));
+}
+
 TEST(PageOfMenus, quotes_the_program_as_it_is) {
     EXPECT_EQ(7U, quotes_that_stand("docs/menus.md", "cpp pages.cpp", "examples/pages/pages.cpp"));
 }
