@@ -106,7 +106,9 @@ void LVXDde::rcvTerminate() {
         m_partner = nullptr;
         return;
     }
-    sndTerminate(true);
+    // Sent, so that it is there before this window goes. A partner elsewhere outlives the window, and Wine's
+    // DDE library looks for the answer in its queue alone, for ten seconds.
+    sndTerminate(!lvx::exchange::is_of_another_process(m_partner));
     if (handling.Gone()) {
         return;
     }

@@ -19,6 +19,8 @@ using dde_test::with_end;
 namespace {
 
 HWND g_master = nullptr;
+// Where atoms are counted, items have names that nobody else in the session has used and left.
+std::string g_prefix;
 
 [[noreturn]] void fail(int line) {
     std::fprintf(stderr, "raw_dde_client: line %d failed\n", line);
@@ -40,30 +42,44 @@ struct Client : RawPartner {
     }
 };
 
-// One conversation with all that there is in it. The host answers "item=7".
-void converse() {
-    Client client;
-    EXPECT(client.Request("count") && client.Wait(WM_DDE_DATA));
-    EXPECT(client.letters.back().Text() == "count=7");
-    EXPECT(client.Request("refused") && client.Wait(WM_DDE_ACK, 2));
+// All that there is in a conversation. The host answers "item=7".
+void converse_by(Client& client) {
+    const std::string count = g_prefix + "count";
+    const std::string colour = g_prefix + "colour";
+    const std::string refused = g_prefix + "refused";
+    const std::string unasked = g_prefix + "unasked";
+    EXPECT(client.Request(count.c_str()) && client.Wait(WM_DDE_DATA));
+    EXPECT(client.letters.back().Text() == count + "=7");
+    EXPECT(client.Request(refused.c_str()) && client.Wait(WM_DDE_ACK, 2));
     EXPECT(client.letters.back().status == 0);
-    EXPECT(client.Advise("count") && client.Wait(WM_DDE_ACK, 3) && client.IsAccepted("count"));
-    EXPECT(client.Advise("unasked", 0));
-    // The host updates "count" on each command.
+    EXPECT(client.Advise(count.c_str()) && client.Wait(WM_DDE_ACK, 3) && client.IsAccepted(count.c_str()));
+    EXPECT(client.Advise(unasked.c_str(), 0));
+    // The host updates its count on this command.
     EXPECT(client.Execute("[update]") && client.Wait(WM_DDE_ACK, 4) && client.Wait(WM_DDE_DATA, 2));
     EXPECT(client.Of(WM_DDE_ACK).back().status == positive);
     EXPECT(client.IsMine(client.Of(WM_DDE_ACK).back().high));
     EXPECT(client.Execute("[refused]") && client.Wait(WM_DDE_ACK, 5) && client.letters.back().status == 0);
-    EXPECT(client.Poke("colour", with_end("red"), 0) && client.Wait(WM_DDE_ACK, 6));
-    EXPECT(client.Poke("refused", with_end("red")) && client.Wait(WM_DDE_ACK, 7));
+    EXPECT(client.Poke(colour.c_str(), with_end("red"), 0) && client.Wait(WM_DDE_ACK, 6));
+    EXPECT(client.Poke(refused.c_str(), with_end("red")) && client.Wait(WM_DDE_ACK, 7));
     EXPECT(client.letters.back().status == 0);
-    EXPECT(client.Unadvise("count") && client.Wait(WM_DDE_ACK, 8) && client.IsAccepted("count"));
+    EXPECT(client.Unadvise(count.c_str()) && client.Wait(WM_DDE_ACK, 8) && client.IsAccepted(count.c_str()));
     EXPECT(client.End());
 }
 
+void converse() {
+    Client client;
+    converse_by(client);
+}
+
 void converse_often(int times) {
-    for (int i = 0; i < times; ++i)
-        converse();
+    g_prefix = "cycled ";
+    Client client;
+    converse_by(client);
+    for (int i = 1; i < times; ++i) {
+        client.letters.clear();
+        EXPECT(client.Initiate(g_master, "Sketch", "drawing"));
+        converse_by(client);
+    }
 }
 
 // Ends right behind the wish for a link, whose answer nobody hears.
