@@ -4,7 +4,7 @@
 //
 // Application "Stars", topic "catalogue". Items: "count" and "names", the stars with commas between them,
 // which can be poked too. Commands: add(STAR), remove(STAR), quit(), plain or in square brackets. Prints what
-// it is told, and ends with quit().
+// it is told, and ends with quit(). docs/dde.md tells how it is made.
 #include <windows.h>
 
 #include <algorithm>

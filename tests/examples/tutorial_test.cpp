@@ -80,6 +80,11 @@ TEST(PageOfBars, quotes_the_program_as_it_is) {
     EXPECT_EQ(1U, quotes_that_stand("docs/owl-bars.md", "rc toolbar.rc", "examples/toolbar/toolbar.rc"));
 }
 
+TEST(PageOfDde, quotes_the_program_as_it_is) {
+    EXPECT_EQ(
+        5U, quotes_that_stand("docs/dde.md", "cpp star_server.cpp", "examples/star_server/star_server.cpp"));
+}
+
 TEST(Tutorial, leaves_nothing_of_the_program_untold) {
     std::string told;
     for (const Lines& block : quotes("docs/owl.md", "cpp hello.cpp")) {
