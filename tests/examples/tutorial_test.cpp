@@ -93,6 +93,11 @@ TEST(PageOfRecentFiles, quotes_the_program_as_it_is) {
     EXPECT_EQ(2U, quotes_that_stand("docs/recent-files.md", "cpp pages.cpp", "examples/pages/pages.cpp"));
 }
 
+TEST(PageOfDde, quotes_the_program_as_it_is) {
+    EXPECT_EQ(
+        5U, quotes_that_stand("docs/dde.md", "cpp star_server.cpp", "examples/star_server/star_server.cpp"));
+}
+
 TEST(Tutorial, leaves_nothing_of_the_program_untold) {
     std::string told;
     for (const Lines& block : quotes("docs/owl.md", "cpp hello.cpp")) {
