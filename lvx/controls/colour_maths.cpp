@@ -20,8 +20,10 @@ Fractions fractions_of(const RgbColour& colour) {
     return {colour.red * step, colour.green * step, colour.blue * step};
 }
 
+// Halves go up, and so does what lies so close below one that the sum is rounded: all systems show the same
+// numbers.
 int rounded(double value) {
-    return static_cast<int>(value + 0.5);
+    return static_cast<int>(value + 0.5);  // NOLINT(bugprone-incorrect-roundings) as the comment says
 }
 
 // Which of the three is the largest tells the sextants, red before green before blue where two are equal; the

@@ -1,5 +1,6 @@
 #include "lvx/controls/control_bar.h"
 
+#include "lvx/controls/bar_accessible.h"
 #include "owl/tooltip.h"
 
 namespace {
@@ -33,7 +34,7 @@ void name_by_number(owl::TTooltipText& text) {
 
 DEFINE_RESPONSE_TABLE1(LVXControlBar, owl::TControlBar)
     EV_WM_MOUSEMOVE, EV_WM_LBUTTONDOWN, EV_WM_MBUTTONDOWN, EV_WM_RBUTTONDOWN, EV_WM_LBUTTONUP,
-        EV_WM_MBUTTONUP, EV_WM_RBUTTONUP,
+        EV_WM_MBUTTONUP, EV_WM_RBUTTONUP, EV_MESSAGE(WM_GETOBJECT, EvGetObject),
 END_RESPONSE_TABLE;
 
 LVXControlBar::LVXControlBar(owl::TWindow* parent, owl::TGadgetWindow::TTileDirection direction,
@@ -145,4 +146,9 @@ void LVXControlBar::EvMButtonUp(UINT modifiers, const owl::TPoint& point) {
 void LVXControlBar::EvRButtonUp(UINT modifiers, const owl::TPoint& point) {
     ForwardTooltipMessage(WM_RBUTTONUP, modifiers, point);
     TControlBar::EvRButtonUp(modifiers, point);
+}
+
+LRESULT LVXControlBar::EvGetObject(WPARAM wParam, LPARAM lParam) {
+    const bool isOfClient = static_cast<LONG>(lParam) == OBJID_CLIENT;
+    return isOfClient ? lvx::controls::answer_get_object(GetHandle(), wParam) : DefaultProcessing();
 }

@@ -54,6 +54,7 @@ protected:
 
 private:
     owl::TTooltip* LiveTooltip() const;
+    LRESULT EvGetObject(WPARAM wParam, LPARAM lParam);
 
     DECLARE_RESPONSE_TABLE(LVXControlBar);
 };

@@ -106,7 +106,9 @@ void LVXDde::rcvTerminate() {
         m_partner = nullptr;
         return;
     }
-    sndTerminate(true);
+    // Sent, so that it is there before this window goes. A partner elsewhere outlives the window, and Wine's
+    // DDE library looks for the answer in its queue alone, for ten seconds.
+    sndTerminate(!lvx::exchange::is_of_another_process(m_partner));
     if (handling.Gone()) {
         return;
     }
@@ -154,9 +156,13 @@ bool LVXDde::sndAck(unsigned short status, unsigned short item, int send, unsign
         lvx::exchange::free_packed(answering, lParam);
         return false;
     }
-    LPARAM answer = lParam != 0 ? ::ReuseDDElParam(lParam, answering, WM_DDE_ACK, status, item) : 0;
+    // `item` has room for half of a command's handle. To another process all of it goes: by that the system
+    // finds the handle that the sender knows the command by.
+    const bool isWhole = answering == WM_DDE_EXECUTE && lvx::exchange::is_of_another_process(m_partner);
+    const UINT_PTR high = isWhole ? static_cast<UINT_PTR>(lParam) : item;
+    LPARAM answer = lParam != 0 ? ::ReuseDDElParam(lParam, answering, WM_DDE_ACK, status, high) : 0;
     if (answer == 0) {
-        answer = ::PackDDElParam(WM_DDE_ACK, status, item);
+        answer = ::PackDDElParam(WM_DDE_ACK, status, high);
     }
     const bool reached = answer != 0 && Transmit(send != 0, WM_DDE_ACK, answer);
     if (!reached) {

@@ -65,8 +65,9 @@ public:
     /// time. True if it came. False at once, and nothing is sent, without a partner; false behind the time,
     /// and the partner stays.
     virtual bool disconnect();
-    /// A WM_DDE_TERMINATE came. If disconnect() waits for it, it is the answer. Else it is answered, there is
-    /// no partner any more, and the client is told.
+    /// A WM_DDE_TERMINATE came. If disconnect() waits for it, it is the answer. Else it is answered, by a
+    /// message that is sent within this process and posted to another one; there is no partner any more, and
+    /// the client is told.
     virtual void rcvTerminate();
     /// A WM_DDE_ACK came: ends the wait with `status` and deletes `atom`, an atom in a pointer's place, or 0.
     virtual void rcvAck(HWND window, unsigned short status, void* atom);

@@ -92,4 +92,10 @@ ItemAndBlock item_and_block(UINT message, LPARAM lParam) {
     return {as_atom(low), reinterpret_cast<HGLOBAL>(high)};
 }
 
+bool is_of_another_process(HWND window) {
+    DWORD process = 0;
+    ::GetWindowThreadProcessId(window, &process);
+    return process != 0 && process != ::GetCurrentProcessId();
+}
+
 }  // namespace lvx::exchange

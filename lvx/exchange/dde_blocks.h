@@ -65,6 +65,9 @@ struct ItemAndBlock {
 /// high value is no block and the low one is.
 ItemAndBlock item_and_block(UINT message, LPARAM lParam);
 
+/// Whether a window belongs to another process. False for what is no window.
+bool is_of_another_process(HWND window);
+
 /// Whether this system hands a copy of the block to the receiver of a posted message, as Wine does, also
 /// within a process. The block then remains its sender's, and the copy has nobody but the receiver. Elsewhere
 /// the system keeps the books of blocks between processes, and within one there is but one block.

@@ -214,7 +214,7 @@ LRESULT LVXDdeServer::EvWmDdeExecute(WPARAM, LPARAM lParam) {
     if (HasForeignPartner() && lvx::exchange::posting_copies_blocks()) {
         received.MakeOurs();
     }
-    // The answer has room for 16 bits of the handle.
+    // What stands in the place of an item has 16 bits.
     Answer answer(*this, handling, WM_DDE_EXECUTE, lParam, LOWORD(lParam), 0);
     const std::optional<BlockCopy> command = lvx::exchange::copy_of(block, 0);
     const Restored commandText(handling, m_commandText);

@@ -80,12 +80,22 @@ TEST(PageOfBars, quotes_the_program_as_it_is) {
     EXPECT_EQ(1U, quotes_that_stand("docs/owl-bars.md", "rc toolbar.rc", "examples/toolbar/toolbar.rc"));
 }
 
+TEST(PageOfControls, quotes_the_program_as_it_is) {
+    EXPECT_EQ(3U, quotes_that_stand("docs/controls.md", "cpp paints.cpp", "examples/paints/paints.cpp"));
+    EXPECT_EQ(1U, quotes_that_stand("docs/controls.md", "rc paints.rc", "examples/paints/paints.rc"));
+}
+
 TEST(PageOfMenus, quotes_the_program_as_it_is) {
     EXPECT_EQ(7U, quotes_that_stand("docs/menus.md", "cpp pages.cpp", "examples/pages/pages.cpp"));
 }
 
 TEST(PageOfRecentFiles, quotes_the_program_as_it_is) {
     EXPECT_EQ(2U, quotes_that_stand("docs/recent-files.md", "cpp pages.cpp", "examples/pages/pages.cpp"));
+}
+
+TEST(PageOfDde, quotes_the_program_as_it_is) {
+    EXPECT_EQ(
+        5U, quotes_that_stand("docs/dde.md", "cpp star_server.cpp", "examples/star_server/star_server.cpp"));
 }
 
 TEST(Tutorial, leaves_nothing_of_the_program_untold) {
@@ -100,4 +110,16 @@ TEST(Tutorial, leaves_nothing_of_the_program_untold) {
 
 TEST(Tutorial, tells_of_a_program_of_less_than_sixty_lines) {
     EXPECT_GT(60U, lines_of(file_of_tree("examples/hello/hello.cpp")).size());
+}
+
+TEST(PageOfDialogs, quotes_the_program_as_it_is) {
+    EXPECT_EQ(5U, quotes_that_stand("docs/dialogs.md", "cpp dialogs.cpp", "examples/dialogs/dialogs.cpp"));
+    EXPECT_EQ(1U, quotes_that_stand("docs/dialogs.md", "rc dialogs.rc", "examples/dialogs/dialogs.rc"));
+}
+
+TEST(PageOfToolbars, quotes_the_program_as_it_is) {
+    EXPECT_EQ(3U, quotes_that_stand("docs/toolbar.md", "cpp aligned_text.cpp",
+                                    "examples/aligned_text/aligned_text.cpp"));
+    EXPECT_EQ(2U, quotes_that_stand("docs/toolbar.md", "rc aligned_text.rc",
+                                    "examples/aligned_text/aligned_text.rc"));
 }

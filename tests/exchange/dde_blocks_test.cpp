@@ -189,3 +189,11 @@ TEST(DdeItemAndBlock, are_nothing_without_a_packing) {
     const Block torn("short");
     EXPECT_EQ(nullptr, item_and_block(WM_DDE_POKE, static_cast<LPARAM>(torn.Value())).block);
 }
+
+TEST(DdeBlocks, of_other_processes_are_told_by_their_windows) {
+    const dde_test::RawPartner own;
+    EXPECT_FALSE(lvx::exchange::is_of_another_process(own.Window()));
+    EXPECT_FALSE(lvx::exchange::is_of_another_process(nullptr));
+    EXPECT_FALSE(lvx::exchange::is_of_another_process(reinterpret_cast<HWND>(0x12345678)));
+    EXPECT_TRUE(lvx::exchange::is_of_another_process(::GetDesktopWindow()));
+}

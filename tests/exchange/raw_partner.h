@@ -10,6 +10,7 @@
 #include <cstring>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace dde_test {
@@ -180,6 +181,11 @@ public:
             GlobalFree(block);
     }
 
+    /// Whether it is the handle of a block that was posted and not freed yet.
+    bool IsMine(UINT_PTR handle) const {
+        return std::find(m_mine.begin(), m_mine.end(), reinterpret_cast<HGLOBAL>(handle)) != m_mine.end();
+    }
+
     /// Posts a packed pair; the block is freed by FreeMine.
     bool PostBlock(UINT message, HGLOBAL block, const char* item) {
         const ATOM atom = GlobalAddAtomA(item);
@@ -193,6 +199,10 @@ public:
     }
 
 private:
+    bool IsHalfOfMine(UINT_PTR word) const {
+        return std::any_of(m_mine.begin(), m_mine.end(),
+                           [&](HGLOBAL block) { return LOWORD(reinterpret_cast<UINT_PTR>(block)) == word; });
+    }
     bool PostItem(UINT message, WORD low, const char* item) {
         const ATOM atom = GlobalAddAtomA(item);
         if (PostMessageA(m_server, message, Self(), MAKELPARAM(low, atom)))
@@ -247,10 +257,7 @@ private:
         UnpackDDElParam(WM_DDE_ACK, lParam, &letter.status, &letter.high);
         FreeDDElParam(WM_DDE_ACK, lParam);
         // The half of a command's handle may look like an atom, but is nobody's to delete.
-        const bool isAtom = std::none_of(m_mine.begin(), m_mine.end(), [&](HGLOBAL block) {
-            return LOWORD(reinterpret_cast<UINT_PTR>(block)) == letter.high;
-        });
-        if (isAtom) {
+        if (letter.high <= 0xFFFF && !IsHalfOfMine(letter.high)) {
             letter.item = name_of(letter.high);
             GlobalDeleteAtom(static_cast<ATOM>(letter.high));
         }

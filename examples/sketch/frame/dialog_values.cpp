@@ -15,7 +15,10 @@ bool Refuse(owl::TDialog& dialog, const LVXEdit& field, const std::string& kind,
 }  // namespace
 
 void RefuseField(owl::TDialog& dialog, int id, const std::string& text) {
-    dialog.MessageBox(text.c_str(), dialog.GetWindowText().c_str(), MB_OK | MB_ICONEXCLAMATION);
+    // A page has no caption of its own.
+    char caption[80] = "";
+    ::GetWindowTextA(::GetAncestor(dialog.GetHandle(), GA_ROOT), caption, sizeof caption);
+    dialog.MessageBox(text.c_str(), caption, MB_OK | MB_ICONEXCLAMATION);
     const HWND field = dialog.GetDlgItem(id);
     dialog.SendMessage(WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(field), TRUE);
     ::SendMessageA(field, EM_SETSEL, 0, -1);

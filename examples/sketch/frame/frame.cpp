@@ -47,6 +47,7 @@ void Frame::SetupWindow() {
     TFrameWindow::SetupWindow();
     m_recent.readFromINI();
     m_shapes = std::make_unique<ShapeMenu>(*this, [this](int index) { m_view->SelectFigure(index); });
+    m_service = std::make_unique<DdeService>(static_cast<Told&>(*this));
     ShowState();
 }
 
@@ -78,6 +79,9 @@ void Frame::ShowState() {
         SetWindowText(title);
     }
     m_status->Show(m_view->Status());
+    if (m_service != nullptr) {
+        m_service->Update();
+    }
 }
 
 void Frame::TellFailure(const std::string& file, const char* what, const char* cause) {
@@ -89,9 +93,7 @@ void Frame::Open(const std::string& name) {
     constexpr const char* what = "could not be opened.";
     const std::string file = FullName(name);
     try {
-        m_document.Open(file);
-        m_recent.addFile(file);
-        m_view->BeginAnew();
+        Load(file);
     } catch (const DocumentError& error) {
         m_recent.removeFile(file);
         TellFailure(file, what, error.what());
@@ -100,12 +102,24 @@ void Frame::Open(const std::string& name) {
     }
 }
 
+void Frame::Load(const std::string& name) {
+    const std::string file = FullName(name);
+    m_document.Open(file);
+    m_recent.addFile(file);
+    m_view->BeginAnew();
+}
+
+void Frame::Store(const std::string& name) {
+    const std::string file = FullName(name);
+    m_document.Save(file);
+    m_recent.addFile(file);
+    ShowState();
+}
+
 bool Frame::SaveTo(const std::string& file) {
     constexpr const char* what = "could not be saved.";
     try {
-        m_document.Save(file);
-        m_recent.addFile(file);
-        ShowState();
+        Store(file);
         return true;
     } catch (const DocumentError& error) {
         TellFailure(file, what, error.what());

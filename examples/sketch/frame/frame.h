@@ -5,6 +5,7 @@
 #include "lvx/files/settings.h"
 #include "owl/frame_window.h"
 #include "owl/printer.h"
+#include "sketch/frame/dde_service.h"
 #include "sketch/frame/shape_menu.h"
 #include "sketch/frame/status_line.h"
 #include "sketch/model/document.h"
@@ -12,7 +13,7 @@
 
 namespace sketch {
 
-class Frame : public owl::TFrameWindow {
+class Frame : public owl::TFrameWindow, private Told {
 public:
     /// Shows an empty document.
     Frame();
@@ -46,6 +47,26 @@ private:
     bool SaveAs();
     bool SaveTo(const std::string& file);
     void ShowState();
+    // Without a word to the user; these throw DocumentError and std::bad_alloc.
+    void Load(const std::string& name);
+    void Store(const std::string& name);
+
+    // For other programs, in frame_commands.cpp.
+    Items PresentItems() const override;
+    bool IsBusy() const override;
+    bool MakeNew() override;
+    bool OpenFile(const std::string& file) override;
+    bool SaveFile(const std::string& file) override;
+    bool PrintNow() override;
+    bool SelectNumber(int number) override;
+    bool DeleteSelected() override;
+    bool AddRectangle(const owl::TRect& rect) override;
+    bool AddEllipse(const owl::TRect& rect) override;
+    bool AddWords(const std::string& words, const owl::TPoint& place) override;
+    bool SetLineColour(const owl::TColor& colour) override;
+    bool SetFillColour(const owl::TColor& colour) override;
+    bool ClearFill() override;
+
     /// A box that names the file and the cause.
     void TellFailure(const std::string& file, const char* what, const char* cause);
 
@@ -55,8 +76,9 @@ private:
     StatusLine* m_status;
     LVXUtilities::Settings m_settings;
     LVXMRUList m_recent;
-    // There is none before the window.
+    // There are none before the window.
     std::unique_ptr<ShapeMenu> m_shapes;
+    std::unique_ptr<DdeService> m_service;
 
     DECLARE_RESPONSE_TABLE(Frame);
 };

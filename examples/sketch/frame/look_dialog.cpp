@@ -1,95 +1,23 @@
 #include "sketch/frame/look_dialog.h"
 
-#include <algorithm>
-#include <iterator>
-
-#include "sketch/frame/dialog_values.h"
 #include "sketch/frame/sketch_ids.h"
 
 namespace sketch {
-namespace {
-
-struct NamedColour {
-    const char* name;
-    owl::TColor colour;
-};
-
-constexpr NamedColour colours[] = {
-    {"Black", LVX::Black},
-    {"White", LVX::White},
-    {"Red", LVX::Red},
-    {"Green", owl::TColor(0, 128, 0)},
-    {"Blue", LVX::Blue},
-    {"Yellow", LVX::Yellow},
-    {"Orange", owl::TColor(255, 128, 0)},
-    {"Cyan", LVX::Cyan},
-    {"Magenta", LVX::Magenta},
-    {"Light grey", LVX::LightGrey},
-    {"Sky", owl::TColor(190, 220, 255)},
-};
-
-// In the order of LineType and of FillPattern.
-constexpr const char* line_styles[] = {"Solid",        "Dashed", "Dotted", "Dash dot",
-                                       "Dash dot dot", "None",   "Inside"};
-constexpr const char* fill_patterns[] = {"White",   "Solid",   "Dark grey", "Light grey", "Grey",    "Lines",
-                                         "Columns", "Falling", "Rising",    "Crosses",    "Lozenges"};
-
-void Fill(owl::TDialog& dialog, int id, const char* const* names, std::size_t count, int selected) {
-    for (std::size_t i = 0; i < count; ++i) {
-        dialog.SendDlgItemMessage(id, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(names[i]));
-    }
-    dialog.SendDlgItemMessage(id, CB_SETCURSEL, static_cast<WPARAM>(selected));
-}
-
-// A colour without a name is told by none, and kept unless one is chosen.
-void FillColours(owl::TDialog& dialog, int id, const owl::TColor& selected) {
-    for (const NamedColour& named : colours) {
-        dialog.SendDlgItemMessage(id, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(named.name));
-    }
-    const auto* const found =
-        std::find_if(std::begin(colours), std::end(colours),
-                     [&](const NamedColour& named) { return named.colour.Rgb() == selected.Rgb(); });
-    const auto index = found == std::end(colours) ? -1 : found - std::begin(colours);
-    dialog.SendDlgItemMessage(id, CB_SETCURSEL, static_cast<WPARAM>(index));
-}
-
-int SelectedIn(const owl::TDialog& dialog, int id) {
-    return static_cast<int>(dialog.SendDlgItemMessage(id, CB_GETCURSEL));
-}
-
-void TakeColour(const owl::TDialog& dialog, int id, owl::TColor& colour) {
-    const int index = SelectedIn(dialog, id);
-    if (index >= 0) {
-        colour = colours[index].colour;
-    }
-}
-
-}  // namespace
 
 LookDialog::LookDialog(owl::TWindow* parent, const Look& look)
-    : LVXCentredDialog(parent, IDD_LOOK, nullptr),
-      m_look(look),
-      m_width(new LVXIntEdit(this, IDC_LINE_WIDTH, 0, Look::widest)) {}
+    : LVXCentredDialog(parent, IDD_LOOK, nullptr), m_look(look) {}
 
 void LookDialog::SetupWindow() {
     LVXCentredDialog::SetupWindow();
-    m_width->SetValue(m_look.lineWidth);
-    Fill(*this, IDC_LINE_STYLE, line_styles, std::size(line_styles), m_look.line);
-    FillColours(*this, IDC_LINE_COLOUR, m_look.lineColour);
-    CheckDlgButton(IDC_FILLED, m_look.filled ? BST_CHECKED : BST_UNCHECKED);
-    Fill(*this, IDC_FILL_PATTERN, fill_patterns, std::size(fill_patterns), m_look.fill);
-    FillColours(*this, IDC_FILL_COLOUR, m_look.fillColour);
+    m_line.Show(m_look);
+    m_fill.Show(m_look);
 }
 
 bool LookDialog::CanClose() {
-    if (!LVXCentredDialog::CanClose() || !ReadField(*this, *m_width, 0, Look::widest, m_look.lineWidth)) {
+    if (!LVXCentredDialog::CanClose() || !m_line.Read(m_look)) {
         return false;
     }
-    m_look.line = static_cast<LineType>(SelectedIn(*this, IDC_LINE_STYLE));
-    TakeColour(*this, IDC_LINE_COLOUR, m_look.lineColour);
-    m_look.filled = IsDlgButtonChecked(IDC_FILLED) == BST_CHECKED;
-    m_look.fill = static_cast<FillPattern>(SelectedIn(*this, IDC_FILL_PATTERN));
-    TakeColour(*this, IDC_FILL_COLOUR, m_look.fillColour);
+    m_fill.Read(m_look);
     return true;
 }
 

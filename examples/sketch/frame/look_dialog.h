@@ -2,8 +2,7 @@
 #pragma once
 
 #include "lvx/controls/centred_dialog.h"
-#include "lvx/controls/int_edit.h"
-#include "sketch/model/look.h"
+#include "sketch/frame/look_fields.h"
 
 namespace sketch {
 
@@ -19,8 +18,8 @@ public:
 
 private:
     Look m_look;
-    // Children are owned by their window.
-    LVXIntEdit* m_width;
+    LineFields m_line{*this};
+    FillFields m_fill{*this};
 };
 
 }  // namespace sketch

@@ -51,14 +51,30 @@ private:
     const Figures& m_figures;
 };
 
+// Whoever asked for the page is answered; nobody need sit at the screen.
+class QuietPrinter : public owl::TPrinter {
+public:
+    void ReportError(owl::TWindow*, owl::TPrintout&) override {}
+};
+
+bool Print(owl::TWindow& parent, owl::TPrinter& printer, const std::string& title, const Figures& figures,
+           bool prompt) {
+    LVXPrinter document(title.c_str(), &printer);
+    PrintedSheet sheet(document, figures);
+    document.setCallback(&sheet);
+    return document.print(&parent, prompt, 1);
+}
+
 }  // namespace
 
 void PrintFigures(owl::TWindow& parent, owl::TPrinter& printer, const std::string& title,
                   const Figures& figures) {
-    LVXPrinter document(title.c_str(), &printer);
-    PrintedSheet sheet(document, figures);
-    document.setCallback(&sheet);
-    document.print(&parent, true, 1);
+    Print(parent, printer, title, figures, true);
+}
+
+bool PrintQuietly(owl::TWindow& parent, const std::string& title, const Figures& figures) {
+    QuietPrinter printer;
+    return Print(parent, printer, title, figures, false);
 }
 
 }  // namespace sketch

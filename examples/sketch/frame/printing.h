@@ -12,4 +12,7 @@ namespace sketch {
 void PrintFigures(owl::TWindow& parent, owl::TPrinter& printer, const std::string& title,
                   const Figures& figures);
 
+/// Likewise on the user's default printer, without a word to the user. False if that fails.
+bool PrintQuietly(owl::TWindow& parent, const std::string& title, const Figures& figures);
+
 }  // namespace sketch

@@ -9,6 +9,12 @@
 #define IDD_LOOK 12
 #define IDD_ABOUT 13
 #define IDD_TEXT 14
+#define IDD_PROPERTIES 15
+#define IDD_SHAPE_PAGE 16
+#define IDD_LINE_PAGE 17
+#define IDD_FILL_PAGE 18
+#define IDD_FONT_PAGE 19
+#define IDD_PICTURE_PAGE 20
 
 #define CM_NEW 100
 #define CM_OPEN 101
@@ -31,6 +37,7 @@
 #define CM_CUT 121
 #define CM_COPY 122
 #define CM_PASTE 123
+#define CM_PROPERTIES 124
 
 #define CM_TOOL_SELECT 130
 #define CM_TOOL_RECTANGLE 131
@@ -72,6 +79,14 @@
 #define IDC_WORDS 230
 #define IDC_FONT 231
 #define IDC_FONT_NAME 232
+#define IDC_SAMPLE 233
+
+#define IDC_LEFT 240
+#define IDC_TOP 241
+#define IDC_WIDTH 242
+#define IDC_HEIGHT 243
+#define IDC_NAME 244
+#define IDC_PICTURE_SIZE 245
 
 // The parts of the frame.
 #define IDC_VIEW 300

@@ -36,6 +36,8 @@ public:
     /// Undoes all turning, and the skewing since another corner was pulled.
     void Straighten();
 
+    const std::string& Name() const { return m_name; }
+    void Rename(const std::string& name) { m_name = name; }
     const PictureFrame& Frame() const { return m_frame; }
 
 private:

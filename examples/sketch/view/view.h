@@ -11,6 +11,7 @@
 #include "owl/window.h"
 #include "sketch/model/document.h"
 #include "sketch/model/picture.h"
+#include "sketch/model/properties.h"
 #include "sketch/model/text.h"
 #include "sketch/view/scroller.h"
 #include "sketch/view/sheet.h"
@@ -36,6 +37,16 @@ public:
     int SelectedIndex() const { return m_selected; }
     /// Selects the figure of that number, and scrolls to it; -1 is none.
     void SelectFigure(int index);
+    /// Of the selected figure; empty if none is.
+    std::string SelectedDescription() const;
+    /// Null if nothing with a pen and brush is selected.
+    const Look* SelectedLook() const;
+    /// Changes the pen and brush of the selected figure; false if it has none.
+    bool ChangeLook(const std::function<void(Look&)>& change);
+    /// Puts `figure` on top and selects it.
+    void PutFigure(const FigurePointer& figure) { Add(figure); }
+    const Look& LookToCome() const { return m_look; }
+    const myFont& FontToCome() const { return m_font; }
     void AddPicture(const std::string& file);
 
     void SetupWindow() override;
@@ -68,6 +79,7 @@ public:
     void CmSelectPrevious() { SelectNeighbour(-1); }
     void CmSelectNone() { Select(none); }
     void CmLook();
+    void CmProperties();
     void CmText();
     void CmTool(UINT command);
     void CmTurnLeft();
@@ -123,6 +135,7 @@ private:
     owl::TRect ContentBounds() const;
     owl::TPoint OnSheet(const owl::TPoint& point) const;
     FigurePointer SelectedFigure() const;
+    Properties PropertiesToCome() const;
     const Picture* SelectedPicture() const;
     const Text* SelectedText() const;
     template <class Change>

@@ -3,6 +3,7 @@
 
 #include "owl/command_enabler.h"
 #include "sketch/frame/look_dialog.h"
+#include "sketch/frame/properties_dialog.h"
 #include "sketch/frame/sketch_ids.h"
 #include "sketch/frame/skew_dialog.h"
 #include "sketch/frame/text_dialog.h"
@@ -82,18 +83,61 @@ void View::MoveSelected(int index) {
 
 // Of the selected shape, and of those to come.
 void View::CmLook() {
-    const FigurePointer selected = SelectedFigure();
-    const Look* const selectedLook = selected != nullptr ? selected->LookOf() : nullptr;
+    const Look* const selectedLook = SelectedLook();
     LookDialog dialog(this, selectedLook != nullptr ? *selectedLook : m_look);
     if (dialog.Execute() != IDOK) {
         return;
     }
     m_look = dialog.Chosen();
-    if (selectedLook != nullptr) {
-        const std::shared_ptr<Figure> changed = selected->Clone();
-        *changed->LookOf() = m_look;
-        Replace(changed);
+    ChangeLook([this](Look& look) { look = m_look; });
+}
+
+std::string View::SelectedDescription() const {
+    const FigurePointer selected = SelectedFigure();
+    return selected != nullptr ? selected->Describe() : "";
+}
+
+const Look* View::SelectedLook() const {
+    const FigurePointer selected = SelectedFigure();
+    return selected != nullptr ? selected->LookOf() : nullptr;
+}
+
+bool View::ChangeLook(const std::function<void(Look&)>& change) {
+    if (SelectedLook() == nullptr) {
+        return false;
     }
+    const std::shared_ptr<Figure> changed = SelectedFigure()->Clone();
+    change(*changed->LookOf());
+    Replace(changed);
+    return true;
+}
+
+// Of the selected figure, or with none of those to come.
+void View::CmProperties() {
+    const FigurePointer selected = SelectedFigure();
+    Properties properties = selected != nullptr ? PropertiesOf(*selected) : PropertiesToCome();
+    if (!EditProperties(this, properties)) {
+        return;
+    }
+    if (selected == nullptr) {
+        m_look = properties.look;
+        m_font = properties.font;
+        return;
+    }
+    const std::shared_ptr<Figure> changed = selected->Clone();
+    if (!Apply(properties, *changed)) {
+        TellUser("The figure cannot be brought into that form or place.");
+    }
+    Replace(changed);
+}
+
+Properties View::PropertiesToCome() const {
+    Properties properties;
+    properties.hasLook = true;
+    properties.look = m_look;
+    properties.hasFont = true;
+    properties.font = m_font;
+    return properties;
 }
 
 void View::CmText() {
@@ -114,8 +158,8 @@ void View::CmText() {
 void View::ChangeSelected() {
     if (SelectedText() != nullptr) {
         CmText();
-    } else if (SelectedFigure()->LookOf() != nullptr) {
-        CmLook();
+    } else {
+        CmProperties();
     }
 }
 
@@ -214,20 +258,20 @@ DEFINE_RESPONSE_TABLE1(View, owl::TWindow)
         EV_COMMAND_AND_ID(CM_TOOL_SELECT, CmTool), EV_COMMAND_AND_ID(CM_TOOL_RECTANGLE, CmTool),
         EV_COMMAND_AND_ID(CM_TOOL_ELLIPSE, CmTool), EV_COMMAND_AND_ID(CM_TOOL_POLYGON, CmTool),
         EV_COMMAND_AND_ID(CM_TOOL_TEXT, CmTool), EV_COMMAND(CM_TEXT, CmText),
-        EV_COMMAND(CM_TURN_LEFT, CmTurnLeft), EV_COMMAND(CM_TURN_RIGHT, CmTurnRight),
-        EV_COMMAND(CM_TURN, CmTurn), EV_COMMAND(CM_SKEW, CmSkew), EV_COMMAND(CM_STRAIGHTEN, CmStraighten),
-        EV_COMMAND_ENABLE(CM_UNDO, CeUndo), EV_COMMAND_ENABLE(CM_REDO, CeRedo),
-        EV_COMMAND_ENABLE(CM_DELETE, CeSelection), EV_COMMAND_ENABLE(CM_DUPLICATE, CeSelection),
-        EV_COMMAND_ENABLE(CM_CUT, CeSelection), EV_COMMAND_ENABLE(CM_COPY, CeSelection),
-        EV_COMMAND_ENABLE(CM_PASTE, CePaste), EV_COMMAND_ENABLE(CM_TO_FRONT, CeSelection),
-        EV_COMMAND_ENABLE(CM_TO_BACK, CeSelection), EV_COMMAND_ENABLE(CM_SELECT_NEXT, CeFigures),
-        EV_COMMAND_ENABLE(CM_SELECT_PREVIOUS, CeFigures), EV_COMMAND_ENABLE(CM_SELECT_NONE, CeSelection),
-        EV_COMMAND_ENABLE(CM_TOOL_SELECT, CeTool), EV_COMMAND_ENABLE(CM_TOOL_RECTANGLE, CeTool),
-        EV_COMMAND_ENABLE(CM_TOOL_ELLIPSE, CeTool), EV_COMMAND_ENABLE(CM_TOOL_POLYGON, CeTool),
-        EV_COMMAND_ENABLE(CM_TOOL_TEXT, CeTool), EV_COMMAND_ENABLE(CM_TEXT, CeText),
-        EV_COMMAND_ENABLE(CM_TURN_LEFT, CePicture), EV_COMMAND_ENABLE(CM_TURN_RIGHT, CePicture),
-        EV_COMMAND_ENABLE(CM_TURN, CePicture), EV_COMMAND_ENABLE(CM_SKEW, CePicture),
-        EV_COMMAND_ENABLE(CM_STRAIGHTEN, CePicture),
+        EV_COMMAND(CM_PROPERTIES, CmProperties), EV_COMMAND(CM_TURN_LEFT, CmTurnLeft),
+        EV_COMMAND(CM_TURN_RIGHT, CmTurnRight), EV_COMMAND(CM_TURN, CmTurn), EV_COMMAND(CM_SKEW, CmSkew),
+        EV_COMMAND(CM_STRAIGHTEN, CmStraighten), EV_COMMAND_ENABLE(CM_UNDO, CeUndo),
+        EV_COMMAND_ENABLE(CM_REDO, CeRedo), EV_COMMAND_ENABLE(CM_DELETE, CeSelection),
+        EV_COMMAND_ENABLE(CM_DUPLICATE, CeSelection), EV_COMMAND_ENABLE(CM_CUT, CeSelection),
+        EV_COMMAND_ENABLE(CM_COPY, CeSelection), EV_COMMAND_ENABLE(CM_PASTE, CePaste),
+        EV_COMMAND_ENABLE(CM_TO_FRONT, CeSelection), EV_COMMAND_ENABLE(CM_TO_BACK, CeSelection),
+        EV_COMMAND_ENABLE(CM_SELECT_NEXT, CeFigures), EV_COMMAND_ENABLE(CM_SELECT_PREVIOUS, CeFigures),
+        EV_COMMAND_ENABLE(CM_SELECT_NONE, CeSelection), EV_COMMAND_ENABLE(CM_TOOL_SELECT, CeTool),
+        EV_COMMAND_ENABLE(CM_TOOL_RECTANGLE, CeTool), EV_COMMAND_ENABLE(CM_TOOL_ELLIPSE, CeTool),
+        EV_COMMAND_ENABLE(CM_TOOL_POLYGON, CeTool), EV_COMMAND_ENABLE(CM_TOOL_TEXT, CeTool),
+        EV_COMMAND_ENABLE(CM_TEXT, CeText), EV_COMMAND_ENABLE(CM_TURN_LEFT, CePicture),
+        EV_COMMAND_ENABLE(CM_TURN_RIGHT, CePicture), EV_COMMAND_ENABLE(CM_TURN, CePicture),
+        EV_COMMAND_ENABLE(CM_SKEW, CePicture), EV_COMMAND_ENABLE(CM_STRAIGHTEN, CePicture),
 END_RESPONSE_TABLE;
 
 }  // namespace sketch

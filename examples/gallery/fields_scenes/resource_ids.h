@@ -1,0 +1,21 @@
+// The numbers of resources.rc.
+#pragma once
+
+#define IDD_FIELDS 200
+#define IDC_PLAIN 201
+#define IDC_PLAIN_DISABLED 202
+#define IDC_PLAIN_READ_ONLY 203
+#define IDC_FLOAT 204
+#define IDC_FLOAT_DISABLED 205
+#define IDC_FLOAT_READ_ONLY 206
+#define IDC_INT 207
+#define IDC_INT_DISABLED 208
+#define IDC_INT_READ_ONLY 209
+#define IDC_LIST 210
+#define IDC_LIST_DISABLED 211
+#define IDC_COMBO 212
+#define IDC_COMBO_DISABLED 213
+#define IDC_TYPED_COMBO 214
+#define IDC_TYPED_COMBO_DISABLED 215
+#define IDC_LABEL 216
+#define IDC_LABEL_DISABLED 217

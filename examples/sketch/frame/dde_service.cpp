@@ -1,0 +1,89 @@
+#include "sketch/frame/dde_service.h"
+
+#include <windows.h>
+
+#include <utility>
+
+namespace sketch {
+namespace {
+
+constexpr const char* application_name = "Sketch";
+constexpr const char* topic_name = "Drawing";
+// Who does not answer holds up the program's end that long, in milliseconds.
+constexpr unsigned short longest_wait = 1000;
+
+// The names of applications and topics are atoms, which know no case.
+bool IsNamed(const char* name, const char* wanted) {
+    return name == nullptr || ::lstrcmpiA(name, wanted) == 0;
+}
+
+}  // namespace
+
+int DdeService::Server::rcvInitiate(const char* application, const char* topic, void* clientWindow) {
+    return LVXDdeServer::rcvInitiate(application != nullptr ? application : application_name,
+                                     topic != nullptr ? topic : topic_name, clientWindow);
+}
+
+DdeService::DdeService(Told& host) : m_host(host), m_told(host.PresentItems()) {
+    m_server.uponEvent(this);
+    m_server.ackTime(longest_wait);
+}
+
+DdeService::~DdeService() {
+    while (!m_server.children().empty()) {
+        m_server.disconnect();
+    }
+}
+
+void DdeService::Update() {
+    const Items now = m_host.PresentItems();
+    // Others are told while this goes on, and may ask: they get what is true already.
+    const Items before = std::exchange(m_told, now);
+    for (const auto& [name, value] : now) {
+        if (before.at(name) != value) {
+            m_server.updateItem(name.c_str());
+        }
+    }
+}
+
+bool DdeService::ddeEvent(LVXDde* dde) {
+    auto& server = static_cast<LVXDdeServer&>(*dde);
+    switch (dde->reason()) {
+        case DdeInitiate:
+            return IsOurs(server);
+        case DdeAdvise:
+            return Has(*dde);
+        case DdeRequest:
+            return Has(*dde) && Supply(server);
+        case DdePoke:
+            return Has(*dde) && Poke(*dde);
+        case DdeExecute:
+            return !m_host.IsBusy() && RunCommands(server.command(), m_host);
+        default:
+            return true;
+    }
+}
+
+bool DdeService::IsOurs(const LVXDdeServer& server) {
+    return IsNamed(server.application(), application_name) && IsNamed(server.topic(), topic_name);
+}
+
+bool DdeService::Has(const LVXDde& dde) const {
+    return dde.item() != nullptr && dde.format() == CF_TEXT && m_told.contains(dde.item());
+}
+
+bool DdeService::Supply(LVXDdeServer& server) const {
+    const Items now = m_host.PresentItems();
+    return server.sendItem(server.item(), now.at(server.item()).c_str(), CF_TEXT);
+}
+
+// An item is set by the command that sets it.
+bool DdeService::Poke(const LVXDde& dde) {
+    const std::string item = dde.item();
+    const std::string value = static_cast<const char*>(dde.dataItem());
+    const std::string command = item == "Selected" ? "select" : item == "Colour" ? "line" : "fill";
+    const bool isSettable = item == "Selected" || item == "Colour" || item == "Fill";
+    return isSettable && !m_host.IsBusy() && RunCommands(command + "(\"" + value + "\")", m_host);
+}
+
+}  // namespace sketch
