@@ -1,10 +1,11 @@
 #include "lvx/controls/custom_colour_dialog.h"
+#include "lvx/controls/sample_accessible.h"
 #include "owl/brush.h"
 #include "owl/dc.h"
 #include "owl/palette.h"
 
 DEFINE_RESPONSE_TABLE1(ColourSample, owl::TControl)
-    EV_WM_ERASEBKGND,
+    EV_WM_ERASEBKGND, EV_MESSAGE(WM_GETOBJECT, EvGetObject),
 END_RESPONSE_TABLE;
 
 namespace {
@@ -71,6 +72,13 @@ bool ColourSample::EvEraseBkgnd(HDC handle) {
     owl::TRect rect = GetClientRect();
     Paint(dc, true, rect);
     return true;
+}
+
+// Of the object's number the low half counts: a program of the other word size fills the rest in its way.
+LRESULT ColourSample::EvGetObject(WPARAM flags, LPARAM object) {
+    const bool isClient = static_cast<LONG>(object) == static_cast<LONG>(OBJID_CLIENT);
+    const LRESULT answer = isClient ? lvx::controls::answer_get_object_of_sample(GetHandle(), flags) : 0;
+    return answer != 0 ? answer : DefaultProcessing();
 }
 
 void ColourSample::Paint(owl::TDC& dc, bool, owl::TRect&) {

@@ -35,21 +35,26 @@ class IntRangeEdit;
 class LVXHelpFile;
 
 /// A rectangle of a colour, with an edge as of a button. On a device with a palette it shows the colour
-/// itself, not a dither.
+/// itself, not a dither. Screen readers find it under the name that its frame has for a text, with the colour
+/// as in "178, 34, 35" for a value.
 class LVX_EXPORT ColourSample : public owl::TControl {
 public:
     /// A sibling of `frame`, whose place it takes when it is created. Requires: `frame` is not null, has a
-    /// parent, and lives until then; it should not be visible itself.
+    /// parent, and lives as long as the sample's window; it should not be visible itself.
     ColourSample(owl::TWindow* frame, int id, owl::TColor colour, owl::TModule* module);
     ~ColourSample() override;
 
     /// Shows another colour.
     void setColour(owl::TColor colour);
+    owl::TColor getColour() const { return Colour; }
+    /// The frame that it was made with.
+    owl::TWindow* getFrame() const { return Frame; }
 
     void SetupWindow() override;
     void Paint(owl::TDC& dc, bool erase, owl::TRect& rect) override;
     /// Paints, so that the ground is never seen. True.
     bool EvEraseBkgnd(HDC dc);
+    LRESULT EvGetObject(WPARAM wParam, LPARAM lParam);
 
 protected:
     owl::TWindow* Frame;
