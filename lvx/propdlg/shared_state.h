@@ -22,6 +22,8 @@ struct KeyEvent {
     LPARAM flags = 0;
 
     bool isUnderWay() const { return key != 0; }
+    /// Whether the key goes down, or is held down, and not up.
+    bool isPress() const { return (HIWORD(static_cast<DWORD>(flags)) & KF_UP) == 0; }
     bool operator==(const KeyEvent&) const = default;
 };
 
