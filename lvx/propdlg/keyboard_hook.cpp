@@ -1,4 +1,6 @@
 // The keyboard hook: it sees Tab, and Ctrl with PageUp or PageDown, before the dialog manager does.
+#include <utility>
+
 #include "lvx/propdlg/property_dialog.h"
 #include "lvx/propdlg/property_page.h"
 #include "lvx/propdlg/shared_state.h"
@@ -40,12 +42,13 @@ bool take_page_keys(const KeyEvent& event) {
     KeyEvent& stepping = shared_state().SteppingKey;
     if (stepping.isUnderWay())
         return stepping == event;
+    shared_state().SteppedKey = {};
     const bool isForward = is_down(VK_NEXT, event);
     if (!is_down(VK_CONTROL, event) || !(isForward || is_down(VK_PRIOR, event)))
         return false;
     stepping = event;
     step_tabs(isForward);
-    stepping = {};
+    shared_state().SteppedKey = std::exchange(stepping, {});
     return false;
 }
 
