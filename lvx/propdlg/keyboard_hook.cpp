@@ -1,4 +1,6 @@
 // The keyboard hook: it sees Tab, and Ctrl with PageUp or PageDown, before the dialog manager does.
+#include <utility>
+
 #include "lvx/propdlg/property_dialog.h"
 #include "lvx/propdlg/property_page.h"
 #include "lvx/propdlg/shared_state.h"
@@ -12,14 +14,15 @@ using lvx::propdlg::FocusPlace;
 using lvx::propdlg::KeyEvent;
 using lvx::propdlg::shared_state;
 
-bool is_down(int key) {
-    return ::GetKeyState(key) < 0;
+// Of the key that the event is about the event knows better: some systems note its state behind the hook.
+bool is_down(WPARAM key, const KeyEvent& event) {
+    return key == event.key ? event.isPress() : ::GetKeyState(static_cast<int>(key)) < 0;
 }
 
-bool take_tab() {
-    if (!is_down(VK_TAB) || is_down(VK_MENU))
+bool take_tab(const KeyEvent& event) {
+    if (!is_down(VK_TAB, event) || is_down(VK_MENU, event))
         return false;
-    return lvx::propdlg::take_tab_key(find_focus(), !is_down(VK_SHIFT));
+    return lvx::propdlg::take_tab_key(find_focus(), !is_down(VK_SHIFT, event));
 }
 
 const TPropertyDialog* dialog_with_focus() {
@@ -39,11 +42,13 @@ bool take_page_keys(const KeyEvent& event) {
     KeyEvent& stepping = shared_state().SteppingKey;
     if (stepping.isUnderWay())
         return stepping == event;
-    if (!is_down(VK_CONTROL) || !(is_down(VK_PRIOR) || is_down(VK_NEXT)))
+    shared_state().SteppedKey = {};
+    const bool isForward = is_down(VK_NEXT, event);
+    if (!is_down(VK_CONTROL, event) || !(isForward || is_down(VK_PRIOR, event)))
         return false;
     stepping = event;
-    step_tabs(is_down(VK_NEXT));
-    stepping = {};
+    step_tabs(isForward);
+    shared_state().SteppedKey = std::exchange(stepping, {});
     return false;
 }
 
@@ -53,7 +58,8 @@ LRESULT CALLBACK PropdlgKbdProc(int code, WPARAM wParam, LPARAM lParam) {
     const HHOOK hook = shared_state().HookHandle;
     if (code < 0 || code == HC_NOREMOVE)
         return ::CallNextHookEx(hook, code, wParam, lParam);
-    const bool isTaken = wParam == VK_TAB ? take_tab() : take_page_keys({wParam, lParam});
+    const KeyEvent event{wParam, lParam};
+    const bool isTaken = wParam == VK_TAB ? take_tab(event) : take_page_keys(event);
     ::CallNextHookEx(hook, code, wParam, lParam);
     return isTaken ? 1 : 0;
 }

@@ -42,17 +42,20 @@ bool TPropertyDialog::FoundAtPage(owl::TEventInfo& info) const {
 }
 
 OWL_BEGIN_ENTRIES(TPropertyDialog)
-    EV_COMMAND(IDOK, CmOk), EV_COMMAND(IDCANCEL, CmCancel), EV_WM_DESTROY, EV_WM_SIZE, EV_WM_SYSCOMMAND,
-        EV_WM_CTLCOLOR, EV_REGISTERED(lvx::propdlg::step_message_name, EvStepTabs),
-END_RESPONSE_TABLE;
+EV_COMMAND(IDOK, CmOk),
+    EV_COMMAND(IDCANCEL, CmCancel), EV_WM_DESTROY, EV_WM_SIZE, EV_WM_SYSCOMMAND, EV_WM_CTLCOLOR,
+    EV_REGISTERED(lvx::propdlg::step_message_name, EvStepTabs),
+END_RESPONSE_TABLE
+;
 
-TPropertyDialog::TPropertyDialog(owl::TWindow* parent, owl::TResId resource, Tab::Style style, owl::TModule* module)
+TPropertyDialog::TPropertyDialog(owl::TWindow* parent, owl::TResId resource, Tab::Style style,
+                                 owl::TModule* module)
     : LVXCentredDialog(parent, resource, module), TabStyle(style) {
     Begin(owl::TResId(), false);
 }
 
-TPropertyDialog::TPropertyDialog(owl::TWindow* parent, owl::TResId resource, Tab::Style style, owl::TResId bitmap,
-                                 bool bitmapsOnRight, owl::TModule* module)
+TPropertyDialog::TPropertyDialog(owl::TWindow* parent, owl::TResId resource, Tab::Style style,
+                                 owl::TResId bitmap, bool bitmapsOnRight, owl::TModule* module)
     : LVXCentredDialog(parent, resource, module), TabStyle(style | Tab::UseTabBitmaps) {
     Begin(bitmap, bitmapsOnRight);
 }
@@ -169,7 +172,8 @@ void TPropertyDialog::SizeTabWnd(owl::TRect& rect) {
         return;
     if (Tab::Has(TabStyle, Tab::WizardFrame)) {
         // The rows, which a wizard does not show, lie above the dialog.
-        rect = owl::TRect(rect.left - 2, rect.top - TabControl->GetTabHeight(), rect.right + 2, rect.bottom + 2);
+        rect =
+            owl::TRect(rect.left - 2, rect.top - TabControl->GetTabHeight(), rect.right + 2, rect.bottom + 2);
     } else {
         rect.Inflate(-Margin().Width(), -Margin().Height());
     }

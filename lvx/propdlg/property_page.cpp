@@ -28,7 +28,8 @@ DEFINE_RESPONSE_TABLE1(LVXPropertyPage, owl::TDialog)
     EV_COMMAND(IDOK, CmOk), EV_COMMAND(IDCANCEL, CmCancel), EV_WM_SYSCOMMAND, EV_WM_CTLCOLOR,
 END_RESPONSE_TABLE;
 
-LVXPropertyPage::LVXPropertyPage(owl::TResId resource, owl::TModule* module) : TDialog(nullptr, resource, module) {}
+LVXPropertyPage::LVXPropertyPage(owl::TResId resource, owl::TModule* module)
+    : TDialog(nullptr, resource, module) {}
 
 LVXPropertyPage::LVXPropertyPage(TPropertyDialog* dialog, owl::TResId resource, owl::TModule* module)
     : TDialog(dialog, resource, module) {}
@@ -147,12 +148,14 @@ HBRUSH LVXPropertyPage::EvCtlColor(HDC dc, HWND control, UINT type) {
 
 owl::TWindow* LVXPropertyPage::GetParentWindow() const {
     owl::TWindow* window = PropertyDialog;
-    while (window != nullptr && window->Parent != nullptr && (window->GetStyle() & (WS_BORDER | WS_DLGFRAME)) == 0)
+    while (window != nullptr && window->Parent != nullptr &&
+           (window->GetStyle() & (WS_BORDER | WS_DLGFRAME)) == 0)
         window = window->Parent;
     return window;
 }
 
 int LVXPropertyPage::MessageBox(const char* text, const char* caption, UINT type) {
     owl::TWindow* const owner = GetParentWindow();
-    return owner != nullptr ? owner->MessageBox(text, caption, type) : TDialog::MessageBox(text, caption, type);
+    return owner != nullptr ? owner->MessageBox(text, caption, type)
+                            : TDialog::MessageBox(text, caption, type);
 }

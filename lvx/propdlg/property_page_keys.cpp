@@ -8,9 +8,9 @@
 
 namespace {
 
-// The dialog manager would cancel the page at once, whatever control it is. The control gets the key, so that a
-// list that has dropped down closes; but an edit field gets it as a character alone, for one of several lines
-// closes the dialog that it stands in by itself.
+// The dialog manager would cancel the page at once, whatever control it is. The control gets the key, so that
+// a list that has dropped down closes; but an edit field gets it as a character alone, for one of several
+// lines closes the dialog that it stands in by itself.
 void deliver_escape(const MSG& msg) {
     ::TranslateMessage(&msg);
     if (!lvx::propdlg::is_of_class(msg.hwnd, "EDIT"))

@@ -21,8 +21,8 @@ constexpr int more_than_a_line = 4;
 
 }  // namespace
 
-// A tab that is being drawn. `m_right` is one behind its last column; `m_bottom` lies behind the row's last line,
-// and on the row next to the page behind the line that closes it.
+// A tab that is being drawn. `m_right` is one behind its last column; `m_bottom` lies behind the row's last
+// line, and on the row next to the page behind the line that closes it.
 class TPropertyTab::TabPainter {
 public:
     TabPainter(TPropertyTab& strip, owl::TDC& dc, int x, int tab, int y, bool lowestRow)
@@ -105,7 +105,7 @@ private:
 
     // Within what is being painted: a region that is selected would be in place of that.
     void ClipToOutline() {
-        const owl::TPoint outline[] = {{m_left, m_bottom},    {m_left, m_top + 2},  {m_left + 2, m_top},
+        const owl::TPoint outline[] = {{m_left, m_bottom},   {m_left, m_top + 2},  {m_left + 2, m_top},
                                        {m_right - 2, m_top}, {m_right, m_top + 2}, {m_right, m_bottom}};
         const owl::TRegion region(outline, 6, WINDING);
         ::ExtSelectClipRgn(m_dc.GetHDC(), region, RGN_AND);
@@ -148,7 +148,8 @@ private:
         } else {
             owl::TMemoryDC source(m_dc);
             source.SelectObject(bitmap);
-            m_dc.BitBlt(owl::TRect(at, owl::TSize(width, height)), source, m_strip.TabBitmaps->CelOffset(m_tab));
+            m_dc.BitBlt(owl::TRect(at, owl::TSize(width, height)), source,
+                        m_strip.TabBitmaps->CelOffset(m_tab));
         }
         return m_fill.left + width + room_around_cel;
     }

@@ -1,6 +1,7 @@
 // What a strip does with the mouse, the keys, the focus and its size.
 #include "lvx/propdlg/property_page.h"
 #include "lvx/propdlg/property_tab.h"
+#include "lvx/propdlg/shared_state.h"
 #include "lvx/propdlg/strip_surface.h"
 
 DEFINE_RESPONSE_TABLE1(TPropertyTab, owl::TControl)
@@ -35,8 +36,8 @@ void TPropertyTab::EvRButtonDown(UINT modifiers, const owl::TPoint& point) {
 }
 
 void TPropertyTab::EvKeyDown(UINT key, UINT repeat, UINT flags) {
-    // Ctrl+PageUp and Ctrl+PageDown come by the keyboard hook.
-    if (::GetKeyState(VK_CONTROL) < 0)
+    // Ctrl+PageUp and Ctrl+PageDown come by the keyboard hook. Ctrl may have been let go while it stepped.
+    if (::GetKeyState(VK_CONTROL) < 0 || lvx::propdlg::shared_state().SteppedKey.key == key)
         return;
     switch (key) {
         case VK_PRIOR:

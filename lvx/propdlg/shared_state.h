@@ -1,7 +1,7 @@
 // lvx/propdlg/shared_state.h
 //
-// What all property dialogs of the process share. For the thread of the dialogs; nothing is locked. Private to the
-// library and its tests.
+// What all property dialogs of the process share. For the thread of the dialogs; nothing is locked. Private
+// to the library and its tests.
 #pragma once
 
 #include <windows.h>
@@ -22,6 +22,8 @@ struct KeyEvent {
     LPARAM flags = 0;
 
     bool isUnderWay() const { return key != 0; }
+    /// Whether the key goes down, or is held down, and not up.
+    bool isPress() const { return (HIWORD(static_cast<DWORD>(flags)) & KF_UP) == 0; }
     bool operator==(const KeyEvent&) const = default;
 };
 
@@ -37,6 +39,8 @@ struct SharedState {
     bool FirstChangeDone = false;
     /// The key that is selecting another tab just now; none has the number 0.
     KeyEvent SteppingKey;
+    /// The key that did so last, until another one comes: it is still on its way to a window.
+    KeyEvent SteppedKey;
     /// The page that hands a command on to its dialog just now; null if none does.
     const LVXPropertyPage* ForwardingPage = nullptr;
     /// All strips that exist, set up or not: pumped messages may end one.

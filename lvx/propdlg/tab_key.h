@@ -1,8 +1,8 @@
 // lvx/propdlg/tab_key.h
 //
 // Where Tab and Shift+Tab lead in a property dialog, where they cross from one of its three parts to another:
-// the strip, the page, and the dialog's own controls. Within a part the system's dialog manager does the work.
-// Values, no window in them. Private to the library.
+// the strip, the page, and the dialog's own controls. Within a part the system's dialog manager does the
+// work. Values, no window in them. Private to the library.
 #pragma once
 
 namespace lvx::propdlg {

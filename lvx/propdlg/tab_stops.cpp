@@ -63,22 +63,28 @@ TabKeyPlace place_in_dialog(const FocusPlace& focus, const TPropertyTab& strip, 
             .nextIsFocus = next == focus.control};
 }
 
-HWND target_of(TabKeyMove move, const TPropertyDialog& dialog, const TPropertyTab& strip) {
+// The dialog or page that is to give a control of its own the focus, and which one.
+struct Target {
+    HWND dialog;
+    HWND control;
+};
+
+Target target_of(TabKeyMove move, const TPropertyDialog& dialog, const TPropertyTab& strip) {
     const LVXPropertyPage* const selected = dialog.GetPageRef(-1);
     const HWND page = selected != nullptr ? selected->GetHandle() : nullptr;
     switch (move) {
         case TabKeyMove::IntoPageFirst:
-            return first_tab_stop(page);
+            return {page, first_tab_stop(page)};
         case TabKeyMove::IntoPageLast:
-            return last_tab_stop(page);
+            return {page, last_tab_stop(page)};
         case TabKeyMove::ToStrip:
-            return strip.GetHandle();
+            return {dialog.GetHandle(), strip.GetHandle()};
         case TabKeyMove::BehindStrip:
-            return dialog.GetNextDlgTabItem(strip.GetHandle());
+            return {dialog.GetHandle(), dialog.GetNextDlgTabItem(strip.GetHandle())};
         case TabKeyMove::Nothing:
             break;
     }
-    return nullptr;
+    return {nullptr, nullptr};
 }
 
 }  // namespace
@@ -121,7 +127,8 @@ bool take_tab_key(const FocusPlace& focus, bool forward) {
     const TabKeyPlace place =
         focus.page != nullptr ? place_in_page(focus, forward) : place_in_dialog(focus, *strip, forward);
     const HWND from = focus.page != nullptr ? focus.page->GetHandle() : dialog->GetHandle();
-    return move_focus(from, dialog->GetHandle(), target_of(move_by_tab_key(place), *dialog, *strip));
+    const Target target = target_of(move_by_tab_key(place), *dialog, *strip);
+    return move_focus(from, target.dialog, target.control);
 }
 
 }  // namespace lvx::propdlg

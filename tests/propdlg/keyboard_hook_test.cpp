@@ -34,8 +34,9 @@ struct KeyboardHook : PropertyDesk {
 TEST_F(KeyboardHook, tab_goes_from_the_strip_through_the_page_to_the_buttons_and_around) {
     Dialog dialog(calls, desk.frame);
     OpenInFront(dialog);
-    for (const HWND control : {a.GetDlgItem(IDC_FIRST), a.GetDlgItem(IDC_SECOND), a.GetDlgItem(IDC_LAST),
-                               dialog.GetDlgItem(IDOK), dialog.GetDlgItem(IDCANCEL), dialog.Strip().GetHandle()}) {
+    for (const HWND control :
+         {a.GetDlgItem(IDC_FIRST), a.GetDlgItem(IDC_SECOND), a.GetDlgItem(IDC_LAST), dialog.GetDlgItem(IDOK),
+          dialog.GetDlgItem(IDCANCEL), dialog.Strip().GetHandle()}) {
         desk::Press({VK_TAB});
         EXPECT_TRUE(HasFocus(control)) << ::GetDlgCtrlID(control);
     }
@@ -44,8 +45,9 @@ TEST_F(KeyboardHook, tab_goes_from_the_strip_through_the_page_to_the_buttons_and
 TEST_F(KeyboardHook, shift_and_tab_go_the_other_way) {
     Dialog dialog(calls, desk.frame);
     OpenInFront(dialog);
-    for (const HWND control : {dialog.GetDlgItem(IDCANCEL), dialog.GetDlgItem(IDOK), a.GetDlgItem(IDC_LAST),
-                               a.GetDlgItem(IDC_SECOND), a.GetDlgItem(IDC_FIRST), dialog.Strip().GetHandle()}) {
+    for (const HWND control :
+         {dialog.GetDlgItem(IDCANCEL), dialog.GetDlgItem(IDOK), a.GetDlgItem(IDC_LAST),
+          a.GetDlgItem(IDC_SECOND), a.GetDlgItem(IDC_FIRST), dialog.Strip().GetHandle()}) {
         desk::Press({VK_SHIFT, VK_TAB});
         EXPECT_TRUE(HasFocus(control)) << ::GetDlgCtrlID(control);
     }
