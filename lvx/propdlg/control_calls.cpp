@@ -24,7 +24,8 @@ void apply_small_font(HWND window) {
     if (window == nullptr)
         return;
     const auto font = reinterpret_cast<WPARAM>(::GetStockObject(ANSI_VAR_FONT));
-    for (HWND child = ::GetWindow(window, GW_CHILD); child != nullptr; child = ::GetWindow(child, GW_HWNDNEXT)) {
+    for (HWND child = ::GetWindow(window, GW_CHILD); child != nullptr;
+         child = ::GetWindow(child, GW_HWNDNEXT)) {
         if (keeps_its_font(child))
             continue;
         ::SendMessageA(child, WM_SETFONT, font, FALSE);

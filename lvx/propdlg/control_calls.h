@@ -1,6 +1,7 @@
 // lvx/propdlg/control_calls.h
 //
-// What the dialogs do to controls that have no window object. Null handles do nothing. Private to the library.
+// What the dialogs do to controls that have no window object. Null handles do nothing. Private to the
+// library.
 #pragma once
 
 #include <windows.h>

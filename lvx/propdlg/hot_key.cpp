@@ -33,7 +33,8 @@ std::string text_of_control(HWND control) {
 }
 
 bool has_control_with_key(HWND window, char key) {
-    for (HWND child = ::GetWindow(window, GW_CHILD); child != nullptr; child = ::GetWindow(child, GW_HWNDNEXT)) {
+    for (HWND child = ::GetWindow(window, GW_CHILD); child != nullptr;
+         child = ::GetWindow(child, GW_HWNDNEXT)) {
         const bool isField = (::SendMessageA(child, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) != 0;
         if (!isField && ::IsWindowEnabled(child) && hot_key_of(text_of_control(child)) == key)
             return true;

@@ -7,11 +7,12 @@ namespace {
 
 constexpr LPARAM released = LPARAM{1} << 31;
 
-// A key that goes down or up, or is held while that happens. Systems differ in whether the state of the keyboard
-// knows of it when the hook is called; the key itself tells.
+// A key that goes down or up, or is held while that happens. Systems differ in whether the state of the
+// keyboard knows of it when the hook is called; the key itself tells.
 class KeyStroke {
 public:
-    KeyStroke(WPARAM key, LPARAM details) : m_key(static_cast<int>(key)), m_goesDown((details & released) == 0) {}
+    KeyStroke(WPARAM key, LPARAM details)
+        : m_key(static_cast<int>(key)), m_goesDown((details & released) == 0) {}
 
     bool Is(int key) const { return m_key == key; }
     bool IsDown(int key) const { return Is(key) ? m_goesDown : ::GetKeyState(key) < 0; }
@@ -28,8 +29,8 @@ bool take_tab(const KeyStroke& stroke) {
     return owner.window != nullptr && lvx::propdlg::take_tab_key(owner, !stroke.IsDown(VK_SHIFT));
 }
 
-// A change of tab handles messages. The key that is being looked at is still among them, and maybe its release:
-// then the key must not come to the strip any more, as one without Control.
+// A change of tab handles messages. The key that is being looked at is still among them, and maybe its
+// release: then the key must not come to the strip any more, as one without Control.
 bool take_page_keys(const KeyStroke& stroke) {
     static bool isStepping = false;
     if (isStepping || !stroke.IsDown(VK_CONTROL) || !(stroke.IsDown(VK_PRIOR) || stroke.IsDown(VK_NEXT)))

@@ -10,7 +10,8 @@ namespace lvx::propdlg {
 namespace {
 
 // The picture is put together beside the screen, so that it does not flicker.
-void blit(owl::TDC& dc, const owl::TPoint& at, const owl::TBitmap& bitmap, int column, const owl::TSize& size) {
+void blit(owl::TDC& dc, const owl::TPoint& at, const owl::TBitmap& bitmap, int column,
+          const owl::TSize& size) {
     const owl::TBitmap both(dc, size.Width(), size.Height());
     owl::TMemoryDC source(dc);
     owl::TMemoryDC target(dc);

@@ -7,6 +7,7 @@
 #include "lvx/propdlg/hot_key.h"
 #include "lvx/propdlg/property_page.h"
 #include "lvx/propdlg/shared_state.h"
+#include "lvx/propdlg/tab_stops.h"
 #include "owl/application.h"
 #include "owl/command_enabler.h"
 #include "owl/module.h"
@@ -39,17 +40,20 @@ bool TPropertyDialog::Find(owl::TEventInfo& info) {
 }
 
 OWL_BEGIN_ENTRIES(TPropertyDialog)
-    EV_COMMAND(IDOK, CmOk), EV_COMMAND(IDCANCEL, CmCancel), EV_WM_DESTROY, EV_WM_SIZE, EV_WM_SYSCOMMAND,
-        EV_WM_CTLCOLOR,
-END_RESPONSE_TABLE;
+EV_COMMAND(IDOK, CmOk),
+    EV_COMMAND(IDCANCEL, CmCancel), EV_WM_DESTROY, EV_WM_SIZE, EV_WM_SYSCOMMAND, EV_WM_CTLCOLOR,
+    EV_REGISTERED(lvx::propdlg::step_message, EvStepTabs),
+END_RESPONSE_TABLE
+;
 
-TPropertyDialog::TPropertyDialog(owl::TWindow* parent, owl::TResId resource, Tab::Style style, owl::TModule* module)
+TPropertyDialog::TPropertyDialog(owl::TWindow* parent, owl::TResId resource, Tab::Style style,
+                                 owl::TModule* module)
     : LVXCentredDialog(parent, resource, module), TabStyle(style) {
     Begin(owl::TResId(), false);
 }
 
-TPropertyDialog::TPropertyDialog(owl::TWindow* parent, owl::TResId resource, Tab::Style style, owl::TResId bitmap,
-                                 bool bitmapsOnRight, owl::TModule* module)
+TPropertyDialog::TPropertyDialog(owl::TWindow* parent, owl::TResId resource, Tab::Style style,
+                                 owl::TResId bitmap, bool bitmapsOnRight, owl::TModule* module)
     : LVXCentredDialog(parent, resource, module), TabStyle(style | Tab::UseTabBitmaps) {
     Begin(bitmap, bitmapsOnRight);
 }
@@ -145,7 +149,8 @@ void TPropertyDialog::SizeTabWnd(owl::TRect& rect) {
         return;
     if (Tab::Has(TabStyle, Tab::WizardFrame)) {
         // The rows, which a wizard does not show, lie above the dialog.
-        rect = owl::TRect(rect.left - 2, rect.top - TabControl->GetTabHeight(), rect.right + 2, rect.bottom + 2);
+        rect =
+            owl::TRect(rect.left - 2, rect.top - TabControl->GetTabHeight(), rect.right + 2, rect.bottom + 2);
     } else {
         rect.Inflate(-Margin().Width(), -Margin().Height());
     }
@@ -245,6 +250,14 @@ bool TPropertyDialog::PreProcessMsg(MSG& msg) {
                          !lvx::propdlg::has_control_with_key(GetHandle(), lvx::propdlg::pressed_key()) &&
                          page->CheckHotKey(nullptr);
     return isTaken || LVXCentredDialog::PreProcessMsg(msg);
+}
+
+LRESULT TPropertyDialog::EvStepTabs(WPARAM forward, LPARAM) {
+    if (forward != 0)
+        SelectNext();
+    else
+        SelectPrevious();
+    return 0;
 }
 
 void TPropertyDialog::EvSysCommand(UINT command, const owl::TPoint& point) {

@@ -1,7 +1,7 @@
 // lvx/propdlg/property_dialog.h
 //
-// A dialog with tabs: a strip (TPropertyTab) and a page (LVXPropertyPage) behind each of its tabs. The template
-// has the frame and the buttons; the strip takes the room above them, or to their left.
+// A dialog with tabs: a strip (TPropertyTab) and a page (LVXPropertyPage) behind each of its tabs. The
+// template has the frame and the buttons; the strip takes the room above them, or to their left.
 //
 //     LinePage line;
 //     FillPage fill;
@@ -10,13 +10,13 @@
 //     dialog.Add("&Fill", &fill, true);
 //     if (dialog.Execute() == IDOK) …
 //
-// OK asks all pages whether they agree, has those that have windows save their data, and closes the dialog; Cancel
-// asks nobody. Tab and Shift+Tab go around strip, page and buttons, Ctrl+PageUp and Ctrl+PageDown from tab to tab,
-// Alt and a letter to a tab or a control.
+// OK asks all pages whether they agree, has those that have windows save their data, and closes the dialog;
+// Cancel asks nobody. Tab and Shift+Tab go around strip, page and buttons, Ctrl+PageUp and Ctrl+PageDown from
+// tab to tab, Alt and a letter to a tab or a control.
 //
-// Owns the strip, not the pages. For the main thread; Windows only. Does not: run without pages (a dialog that is
-// set up without any has no strip from then on, and what asks for one answers false or 0), or move pages between
-// dialogs that are open.
+// Owns the strip, not the pages. For the main thread; Windows only. Does not: run without pages (a dialog
+// that is set up without any has no strip from then on, and what asks for one answers false or 0), or move
+// pages between dialogs that are open.
 #pragma once
 
 #include "lvx/controls/centred_dialog.h"
@@ -100,8 +100,8 @@ public:
     void ForEachPage(PageAction action, void* user = nullptr);
     void ForEachPage(PageActionMember action, void* user = nullptr);
 
-    /// Has the strips of all open dialogs take the user's colours. To be called when those change; the argument is
-    /// not used.
+    /// Has the strips of all open dialogs take the user's colours. To be called when those change; the
+    /// argument is not used.
     static void TabColorChange(owl::TApplication* application);
     /// The module of the keyboard hook, if it is not to be that of the first dialog.
     static void SetHookInstance(HINSTANCE instance);
@@ -127,6 +127,7 @@ private:
     void Register();
     void CloseStrip();
     owl::TSize Margin() const;
+    LRESULT EvStepTabs(WPARAM forward, LPARAM);
 
     DECLARE_RESPONSE_TABLE(TPropertyDialog);
 };

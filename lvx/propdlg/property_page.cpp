@@ -9,7 +9,8 @@ DEFINE_RESPONSE_TABLE1(LVXPropertyPage, owl::TDialog)
     EV_COMMAND(IDOK, CmOk), EV_COMMAND(IDCANCEL, CmCancel), EV_WM_SYSCOMMAND, EV_WM_CTLCOLOR,
 END_RESPONSE_TABLE;
 
-LVXPropertyPage::LVXPropertyPage(owl::TResId resource, owl::TModule* module) : TDialog(nullptr, resource, module) {}
+LVXPropertyPage::LVXPropertyPage(owl::TResId resource, owl::TModule* module)
+    : TDialog(nullptr, resource, module) {}
 
 LVXPropertyPage::LVXPropertyPage(TPropertyDialog* dialog, owl::TResId resource, owl::TModule* module)
     : TDialog(dialog, resource, module) {}
@@ -46,9 +47,9 @@ bool LVXPropertyPage::PreProcessMsg(MSG& msg) {
     return (msg.message == WM_SYSCHAR && TakeHotKey(PropertyDialog)) || TDialog::PreProcessMsg(msg);
 }
 
-// The dialog managers of page and dialog would cancel at once, whatever control it is. The control gets the key, so
-// that a list that dropped down can close; but an edit field only as a character, for one of several lines closes
-// the dialog that it stands in.
+// The dialog managers of page and dialog would cancel at once, whatever control it is. The control gets the
+// key, so that a list that dropped down can close; but an edit field only as a character, for one of several
+// lines closes the dialog that it stands in.
 void LVXPropertyPage::PassEscape(MSG& msg) {
     ::TranslateMessage(&msg);
     if (!lvx::propdlg::is_of_class(msg.hwnd, "EDIT"))
@@ -134,14 +135,16 @@ HBRUSH LVXPropertyPage::EvCtlColor(HDC dc, HWND control, UINT type) {
 
 owl::TWindow* LVXPropertyPage::GetParentWindow() const {
     owl::TWindow* window = PropertyDialog;
-    while (window != nullptr && window->Parent != nullptr && (window->GetStyle() & (WS_BORDER | WS_DLGFRAME)) == 0)
+    while (window != nullptr && window->Parent != nullptr &&
+           (window->GetStyle() & (WS_BORDER | WS_DLGFRAME)) == 0)
         window = window->Parent;
     return window;
 }
 
 int LVXPropertyPage::MessageBox(const char* text, const char* caption, UINT type) {
     owl::TWindow* const owner = GetParentWindow();
-    return owner != nullptr ? owner->MessageBox(text, caption, type) : TDialog::MessageBox(text, caption, type);
+    return owner != nullptr ? owner->MessageBox(text, caption, type)
+                            : TDialog::MessageBox(text, caption, type);
 }
 
 // Hot keys
@@ -152,10 +155,11 @@ void LVXPropertyPage::EvSysCommand(UINT command, const owl::TPoint& point) {
     TDialog::EvSysCommand(command, point);
 }
 
-// A control that gets Alt and a letter asks for a menu then, and nobody above it hears of that. What the dialog
-// manager knows of is left to it.
+// A control that gets Alt and a letter asks for a menu then, and nobody above it hears of that. What the
+// dialog manager knows of is left to it.
 bool LVXPropertyPage::TakeHotKey(owl::TDialog* dialog) {
-    return !lvx::propdlg::has_control_with_key(GetHandle(), lvx::propdlg::pressed_key()) && CheckHotKey(dialog);
+    return !lvx::propdlg::has_control_with_key(GetHandle(), lvx::propdlg::pressed_key()) &&
+           CheckHotKey(dialog);
 }
 
 bool LVXPropertyPage::CheckHotKey(owl::TDialog* dialog) {

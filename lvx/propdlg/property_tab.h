@@ -1,15 +1,15 @@
 // lvx/propdlg/property_tab.h
 //
-// The strip of a property dialog: its tabs, drawn by hand, and below them the frame in which the pages stand. It
-// has the keyboard's focus, turns arrow keys and clicks into changes of tab, and shows, hides, makes and destroys
-// the windows of the pages. TPropertyDialog makes one; hosts rarely see it.
+// The strip of a property dialog: its tabs, drawn by hand, and below them the frame in which the pages stand.
+// It has the keyboard's focus, turns arrow keys and clicks into changes of tab, and shows, hides, makes and
+// destroys the windows of the pages. TPropertyDialog makes one; hosts rarely see it.
 //
-// A child control. Owns its tabs, fonts and bitmaps. The pages belong to whoever made them, but one whose window
-// still exists when the strip ends is deleted with it; a page must live as long as the strip, and is its child
-// object from the time on when the strip is set up. For the thread of its dialog. Windows only.
+// A child control. Owns its tabs, fonts and bitmaps. The pages belong to whoever made them, but one whose
+// window still exists when the strip ends is deleted with it; a page must live as long as the strip, and is
+// its child object from the time on when the strip is set up. For the thread of its dialog. Windows only.
 //
-// An index that has no tab throws std::out_of_range "invalid vector<T> subscript" where a tab's own fields are
-// asked for. Without a window nothing is laid out or painted; what is set counts as soon as there is one.
+// An index that has no tab throws std::out_of_range "invalid vector<T> subscript" where a tab's own fields
+// are asked for. Without a window nothing is laid out or painted; what is set counts as soon as there is one.
 #pragma once
 
 #include "lvx/propdlg/tab_layout.h"
@@ -21,15 +21,15 @@ class TPropertyDialog;
 class LVX_EXPORT TPropertyTab : public owl::TControl, protected lvx::propdlg::TabState {
 public:
     /// With Tab::UseTabBitmaps each tab has an equal share of the bitmap `bitmap` of the application; if that
-    /// cannot be loaded, none has. With `bitmapsOnRight` the lower half of the bitmap is a mask: white where the
-    /// tab shows through.
+    /// cannot be loaded, none has. With `bitmapsOnRight` the lower half of the bitmap is a mask: white where
+    /// the tab shows through.
     TPropertyTab(owl::TWindow* parent, Tab::Style style, owl::TResId bitmap, bool bitmapsOnRight);
     ~TPropertyTab() override;
 
     // Tabs
 
-    /// Puts a tab behind the others. `page` stands behind it; a null page is not added. A null text is an empty
-    /// one.
+    /// Puts a tab behind the others. `page` stands behind it; a null page is not added. A null text is an
+    /// empty one.
     void Add(const char* text, LVXPropertyPage* page, bool enabled);
     int GetEntryCount() const { return Entries.GetItemsInContainer(); }
     int GetSelectedTab() const { return SelectedTab; }
@@ -77,27 +77,28 @@ public:
     // Pages and selection
 
     void SetupWindow() override;
-    /// Brings a tab's page forward. False, and nothing changed, for -1 or if the dialog or the page that is to be
-    /// left refuses; the first change of tab in a process cannot be refused. True at once if the tab is selected
-    /// already: then it gets the focus again.
+    /// Brings a tab's page forward. False, and nothing changed, for -1 or if the dialog or the page that is
+    /// to be left refuses; the first change of tab in a process cannot be refused. True at once if the tab is
+    /// selected already: then it gets the focus again.
     bool SelectTab(int tab);
-    /// Selects the next tab that is enabled, by steps of `direction` and around the ends. False if there is none,
-    /// or if it was refused.
+    /// Selects the next tab that is enabled, by steps of `direction` and around the ends. False if there is
+    /// none, or if it was refused.
     bool SelectNext(int direction);
-    /// Selects the first enabled tab with this hot key, an upper-case letter. False if there is none, if it was
-    /// refused, or for a key of 0.
+    /// Selects the first enabled tab with this hot key, an upper-case letter. False if there is none, if it
+    /// was refused, or for a key of 0.
     bool SelectTabByKey(char key);
     /// Destroys the windows of all pages. The objects stay.
     void DestroyPages();
     /// Has the pages that have windows save their data, in order, up to one that fails. False if one did.
     bool SavePageData();
-    /// Asks all pages, in order, whether the dialog may close, up to one that refuses. False if one did; it has
-    /// been told so.
+    /// Asks all pages, in order, whether the dialog may close, up to one that refuses. False if one did; it
+    /// has been told so.
     bool CheckCanClose();
     /// Puts the windows of all pages where they belong.
     void RedrawDialogs();
-    /// Makes the selected page's window if it is made on demand, and shows it. With `focus` the focus is moved:
-    /// to the strip, or under Tab::FocusOnFirstControl into the page. Returns the window that should have it.
+    /// Makes the selected page's window if it is made on demand, and shows it. With `focus` the focus is
+    /// moved: to the strip, or under Tab::FocusOnFirstControl into the page. Returns the window that should
+    /// have it.
     HWND SetPageFocus(bool focus);
     /// The first tab stop of the selected page; null if it has no window or no controls.
     HWND GetFirstControl();

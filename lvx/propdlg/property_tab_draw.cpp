@@ -21,8 +21,8 @@ constexpr int more_than_a_line = 4;
 
 }  // namespace
 
-// A tab that is being drawn. `m_right` is one behind its last column; `m_bottom` lies behind the row's last line,
-// and on the row next to the page behind the line that closes it.
+// A tab that is being drawn. `m_right` is one behind its last column; `m_bottom` lies behind the row's last
+// line, and on the row next to the page behind the line that closes it.
 class TPropertyTab::TabPainter {
 public:
     TabPainter(TPropertyTab& strip, owl::TDC& dc, int x, int tab, int y, bool lowestRow)
@@ -82,7 +82,8 @@ private:
                   {{m_left, m_bottom - 1}, {m_left, m_top + 2}, {m_left + 2, m_top}, {m_right - 2, m_top}});
         draw_line(m_dc, isActive ? m_strip.HilightColor : m_strip.ShadowColor,
                   {{m_right - 2, m_top + 2}, {m_right - 2, m_bottom}});
-        draw_line(m_dc, m_strip.FrameColor, {{m_right - 1, m_top + 2}, {m_right - 1, m_bottom}});
+        draw_line(m_dc, m_strip.FrameColor,
+                  {{m_right - 2, m_top + 1}, {m_right - 1, m_top + 2}, {m_right - 1, m_bottom}});
     }
 
     void CutCorners() {
@@ -105,7 +106,7 @@ private:
 
     // Within what is being painted: a region that is selected would be in place of that.
     void ClipToOutline() {
-        const owl::TPoint outline[] = {{m_left, m_bottom},    {m_left, m_top + 2},  {m_left + 2, m_top},
+        const owl::TPoint outline[] = {{m_left, m_bottom},   {m_left, m_top + 2},  {m_left + 2, m_top},
                                        {m_right - 2, m_top}, {m_right, m_top + 2}, {m_right, m_bottom}};
         const owl::TRegion region(outline, 6, WINDING);
         ::ExtSelectClipRgn(m_dc.GetHDC(), region, RGN_AND);
@@ -148,7 +149,8 @@ private:
         } else {
             owl::TMemoryDC source(m_dc);
             source.SelectObject(bitmap);
-            m_dc.BitBlt(owl::TRect(at, owl::TSize(width, height)), source, m_strip.TabBitmaps->CelOffset(m_tab));
+            m_dc.BitBlt(owl::TRect(at, owl::TSize(width, height)), source,
+                        m_strip.TabBitmaps->CelOffset(m_tab));
         }
         return m_fill.left + width + room_around_cel;
     }

@@ -1,4 +1,5 @@
-// The pages behind the tabs: how they are taken over, shown, left, asked and destroyed; which one is selected.
+// The pages behind the tabs: how they are taken over, shown, left, asked and destroyed; which one is
+// selected.
 #include <algorithm>
 
 #include "lvx/propdlg/control_calls.h"

@@ -1,7 +1,7 @@
 // lvx/propdlg/shared_state.h
 //
-// What all property dialogs of the process share. For the thread of the dialogs; nothing is locked. Private to the
-// library and its tests.
+// What all property dialogs of the process share. For the thread of the dialogs; nothing is locked. Private
+// to the library and its tests.
 #pragma once
 
 #include <windows.h>

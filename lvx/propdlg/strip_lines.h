@@ -1,7 +1,7 @@
 // lvx/propdlg/strip_lines.h
 //
-// Lines and surfaces of one colour. The tools are made and released at once: colours may change between any two of
-// them. Private to the library.
+// Lines and surfaces of one colour. The tools are made and released at once: colours may change between any
+// two of them. Private to the library.
 #pragma once
 
 #include <initializer_list>

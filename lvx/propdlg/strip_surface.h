@@ -1,6 +1,7 @@
 // lvx/propdlg/strip_surface.h
 //
-// The window of a strip, as the arithmetic of its layout sees it. Made for the moment. Private to the library.
+// The window of a strip, as the arithmetic of its layout sees it. Made for the moment. Private to the
+// library.
 #pragma once
 
 #include <memory>
@@ -16,7 +17,9 @@ class TPropertyTab::Surface final : public lvx::propdlg::TabSurface {
 public:
     explicit Surface(TPropertyTab& strip) : m_strip(strip) {}
     /// Text is measured on `dc`.
-    Surface(TPropertyTab& strip, owl::TDC& dc) : m_strip(strip), m_dc(&dc) { m_dc->SelectObject(*strip.SelectedFont); }
+    Surface(TPropertyTab& strip, owl::TDC& dc) : m_strip(strip), m_dc(&dc) {
+        m_dc->SelectObject(*strip.SelectedFont);
+    }
     ~Surface() override {
         if (m_dc != nullptr)
             m_dc->RestoreFont();

@@ -102,12 +102,9 @@ void step_tabs(const FocusOwner& owner, bool forward) {
     const auto* const page = dynamic_cast<LVXPropertyPage*>(owner.window);
     auto* const dialog =
         page != nullptr ? page->GetPropertyDialog() : dynamic_cast<TPropertyDialog*>(owner.window);
-    if (dialog == nullptr)
-        return;
-    if (forward)
-        dialog->SelectNext();
-    else
-        dialog->SelectPrevious();
+    // By way of its window: what a page throws when it is asked must not cross the hook.
+    if (dialog != nullptr)
+        dialog->SendMessage(::RegisterWindowMessageA(step_message), forward ? 1 : 0);
 }
 
 }  // namespace lvx::propdlg

@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 #include "property_desk.h"
+#include "support/expect_throw.h"
 
 namespace {
 
@@ -34,8 +37,9 @@ struct KeyboardHook : PropertyDesk {
 TEST_F(KeyboardHook, tab_goes_from_the_strip_through_the_page_to_the_buttons_and_around) {
     Dialog dialog(calls, desk.frame);
     OpenInFront(dialog);
-    for (const HWND control : {a.GetDlgItem(IDC_FIRST), a.GetDlgItem(IDC_SECOND), a.GetDlgItem(IDC_LAST),
-                               dialog.GetDlgItem(IDOK), dialog.GetDlgItem(IDCANCEL), dialog.Strip().GetHandle()}) {
+    for (const HWND control :
+         {a.GetDlgItem(IDC_FIRST), a.GetDlgItem(IDC_SECOND), a.GetDlgItem(IDC_LAST), dialog.GetDlgItem(IDOK),
+          dialog.GetDlgItem(IDCANCEL), dialog.Strip().GetHandle()}) {
         desk::Press({VK_TAB});
         EXPECT_TRUE(HasFocus(control)) << ::GetDlgCtrlID(control);
     }
@@ -44,8 +48,9 @@ TEST_F(KeyboardHook, tab_goes_from_the_strip_through_the_page_to_the_buttons_and
 TEST_F(KeyboardHook, shift_and_tab_go_the_other_way) {
     Dialog dialog(calls, desk.frame);
     OpenInFront(dialog);
-    for (const HWND control : {dialog.GetDlgItem(IDCANCEL), dialog.GetDlgItem(IDOK), a.GetDlgItem(IDC_LAST),
-                               a.GetDlgItem(IDC_SECOND), a.GetDlgItem(IDC_FIRST), dialog.Strip().GetHandle()}) {
+    for (const HWND control :
+         {dialog.GetDlgItem(IDCANCEL), dialog.GetDlgItem(IDOK), a.GetDlgItem(IDC_LAST),
+          a.GetDlgItem(IDC_SECOND), a.GetDlgItem(IDC_FIRST), dialog.Strip().GetHandle()}) {
         desk::Press({VK_SHIFT, VK_TAB});
         EXPECT_TRUE(HasFocus(control)) << ::GetDlgCtrlID(control);
     }
@@ -93,6 +98,21 @@ TEST_F(KeyboardHook, control_and_page_keys_work_from_a_button_of_the_dialog) {
     Focus(dialog.GetDlgItem(IDCANCEL));
     desk::Press({VK_CONTROL, VK_NEXT});
     EXPECT_TRUE(IsSelected(dialog, 1));
+}
+
+class Thrower : public Dialog {
+public:
+    using Dialog::Dialog;
+    bool BeforeLeaving(int) override { throw std::runtime_error("not now"); }
+};
+
+TEST_F(KeyboardHook, what_a_dialog_throws_when_it_is_asked_comes_out_of_the_loop) {
+    Thrower dialog(calls, desk.frame);
+    OpenInFront(dialog);
+    desk::Press({VK_CONTROL, VK_NEXT});
+    EXPECT_THROW_TEXT(Settle(), std::runtime_error, "not now");
+    EXPECT_EQ(0, dialog.Strip().GetSelectedTab());
+    Settle();
 }
 
 TEST_F(KeyboardHook, control_and_a_page_key_change_one_tab_at_a_time) {

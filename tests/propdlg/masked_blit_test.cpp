@@ -16,7 +16,8 @@ using owl::TColor;
 
 // A white ground of 40 by 20 pixels, and three cels of 8 by 8 of which the left halves are transparent.
 struct MaskedBlit : testing::Test {
-    MaskedBlit() : ground(owl::TScreenDC(), 40, 20), cels(::GetModuleHandleA(nullptr), owl::TResId(IDB_MASKED)) {
+    MaskedBlit()
+        : ground(owl::TScreenDC(), 40, 20), cels(::GetModuleHandleA(nullptr), owl::TResId(IDB_MASKED)) {
         dc.SelectObject(ground);
         dc.FillRect(owl::TRect(0, 0, 40, 20), owl::TBrush(TColor::White));
     }

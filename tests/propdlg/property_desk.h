@@ -1,4 +1,5 @@
-// What the tests of property dialogs share: a page and a dialog that write down what they are asked, on a desk.
+// What the tests of property dialogs share: a page and a dialog that write down what they are asked, on a
+// desk.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -74,7 +75,8 @@ private:
 /// A dialog that writes down, too.
 class Dialog : public TPropertyDialog {
 public:
-    Dialog(Calls& calls, owl::TWindow* parent, Tab::Style style = Tab::SingleHeight, int resource = IDD_DIALOG)
+    Dialog(Calls& calls, owl::TWindow* parent, Tab::Style style = Tab::SingleHeight,
+           int resource = IDD_DIALOG)
         : TPropertyDialog(parent, resource, style, nullptr), m_calls(calls) {}
     Dialog(Calls& calls, owl::TWindow* parent, Tab::Style style, int bitmap, bool masked)
         : TPropertyDialog(parent, IDD_DIALOG, style, owl::TResId(bitmap), masked, nullptr), m_calls(calls) {}

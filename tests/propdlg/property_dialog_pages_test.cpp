@@ -49,9 +49,9 @@ TEST_F(PropertyDialogPages, all_pages_are_walked_in_order) {
     Walker dialog(calls, desk.frame);
     Open(dialog);
     std::vector<LVXPropertyPage*> seen;
-    dialog.ForEachPage(
-        [](LVXPropertyPage* page, void* list) { static_cast<std::vector<LVXPropertyPage*>*>(list)->push_back(page); },
-        &seen);
+    dialog.ForEachPage([](LVXPropertyPage* page,
+                          void* list) { static_cast<std::vector<LVXPropertyPage*>*>(list)->push_back(page); },
+                       &seen);
     EXPECT_EQ((std::vector<LVXPropertyPage*>{&a, &b, &c}), seen);
     int count = 0;
     dialog.ForEachPage(static_cast<TPropertyDialog::PageActionMember>(&Walker::Count), &count);

@@ -55,8 +55,9 @@ TEST_F(PropertyDialogs, a_page_that_refuses_to_close_comes_forward_and_nothing_i
     Open(dialog);
     b.may_close = false;
     dialog.CmOk();
-    EXPECT_EQ((Calls{"close a", "close b", "cannot b", "leave dialog 1", "leave a", "after dialog 1", "after b"}),
-              Asked());
+    EXPECT_EQ(
+        (Calls{"close a", "close b", "cannot b", "leave dialog 1", "leave a", "after dialog 1", "after b"}),
+        Asked());
     EXPECT_EQ(1, dialog.Strip().GetSelectedTab());
     EXPECT_TRUE(dialog.IsWindow());
     EXPECT_EQ(0, dialog.result);
@@ -393,7 +394,9 @@ TEST_F(PropertyDialogs, the_dialog_stands_in_the_middle_of_its_parent) {
 
 TEST_F(PropertyDialogs, the_small_font_goes_into_all_controls_of_dialog_and_pages) {
     const auto small = static_cast<HFONT>(::GetStockObject(ANSI_VAR_FONT));
-    const auto fontOf = [](HWND control) { return reinterpret_cast<HFONT>(::SendMessageA(control, WM_GETFONT, 0, 0)); };
+    const auto fontOf = [](HWND control) {
+        return reinterpret_cast<HFONT>(::SendMessageA(control, WM_GETFONT, 0, 0));
+    };
     for (const unsigned long creation : {0ul, static_cast<unsigned long>(Tab::CreateOnDemand)}) {
         Dialog dialog(calls, desk.frame, creation | Tab::UseSmallFont);
         Open(dialog);

@@ -46,7 +46,8 @@ struct Look {
 class Properties : public TPropertyDialog {
 public:
     Properties(owl::TWindow* parent, const Look& look)
-        : TPropertyDialog(parent, look.resource, look.style, look.bitmap, look.masked, nullptr), m_look(look) {
+        : TPropertyDialog(parent, look.resource, look.style, look.bitmap, look.masked, nullptr),
+          m_look(look) {
         for (std::size_t i = 0; i < look.tabs.size(); ++i) {
             m_pages.push_back(new Page(pages_in_turn[i % pages_in_turn.size()]));
             Add(look.tabs[i], m_pages.back(), static_cast<int>(i) != look.disabled);
@@ -114,8 +115,8 @@ void ShowSheet(const std::vector<const char*>& tabs) {
 }
 
 const std::vector<const char*> few = {"&Line", "&Fill", "F&ont", "&Picture"};
-const std::vector<const char*> many = {"&Line",   "&Fill",   "F&ont",  "&Picture", "Sh&ape",
-                                       "La&yers", "&Shadow", "&Grid",  "P&aper",   "P&rinter"};
+const std::vector<const char*> many = {"&Line",   "&Fill",   "F&ont", "&Picture", "Sh&ape",
+                                       "La&yers", "&Shadow", "&Grid", "P&aper",   "P&rinter"};
 const std::vector<const char*> long_ones = {"Line and\rends", "Fill", "Font of the labels", "Picture"};
 const std::vector<const char*> five = {"&Line", "&Fill", "F&ont", "&Picture", "&Box"};
 
@@ -129,14 +130,16 @@ int main(int argc, char** argv) {
              [] { Show({.style = Tab::SingleHeight, .tabs = few, .disabled = 2}); }},
             {"tabs-fixed", "Tabs of one width",
              [] { Show({.style = Tab::FixedWidth, .tabs = few, .selected = 1, .fixedWidth = 64}); }},
-            {"tabs-margins", "Wide margins", [] { Show({.style = Tab::WideMargins, .tabs = few, .selected = 1}); }},
+            {"tabs-margins", "Wide margins",
+             [] { Show({.style = Tab::WideMargins, .tabs = few, .selected = 1}); }},
             {"tabs-double", "Room for two lines",
              [] { Show({.style = Tab::DoubleHeight, .tabs = long_ones, .selected = 2, .fixedWidth = 40}); }},
             {"tabs-coloured", "The selected tab in a colour",
              [] { Show({.style = Tab::ColorActive | Tab::WideMargins, .tabs = few, .selected = 1}); }},
             {"tabs-collapsing", "The disabled tab does not show",
              [] { Show({.style = Tab::Collapsing | Tab::WideMargins, .tabs = few, .disabled = 1}); }},
-            {"tabs-justified", "The tabs fill their row", [] { Show({.style = Tab::Justified, .tabs = few}); }},
+            {"tabs-justified", "The tabs fill their row",
+             [] { Show({.style = Tab::Justified, .tabs = few}); }},
             {"tabs-stacked", "Several rows; that of the selected tab stands next to the page",
              [] { Show({.style = Tab::Stacked | Tab::WideMargins, .tabs = many, .selected = 7}); }},
             {"tabs-stacked-double", "Rows of two lines",
@@ -153,7 +156,10 @@ int main(int argc, char** argv) {
              [] { Show({.style = Tab::UseSmallFont | Tab::WideMargins, .tabs = few}); }},
             {"tabs-bitmaps", "A share of a bitmap on each tab",
              [] {
-                 Show({.style = Tab::SingleHeight, .tabs = five, .bitmap = owl::TResId(IDB_SIGNS), .selected = 3});
+                 Show({.style = Tab::SingleHeight,
+                       .tabs = five,
+                       .bitmap = owl::TResId(IDB_SIGNS),
+                       .selected = 3});
              }},
             {"tabs-masked", "The same with a mask, on a coloured tab",
              [] {
@@ -169,6 +175,7 @@ int main(int argc, char** argv) {
              [] { Show({.style = Tab::WizardFrame, .tabs = few, .resource = IDD_WIZARD}); }},
             {"tabs-system", "For comparison: the system's property sheet with the same pages",
              [] { ShowSheet(few); }},
-            {"tabs-system-many", "For comparison: the system's property sheet, many tabs", [] { ShowSheet(many); }},
+            {"tabs-system-many", "For comparison: the system's property sheet, many tabs",
+             [] { ShowSheet(many); }},
         });
 }
