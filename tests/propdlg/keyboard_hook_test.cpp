@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 #include "property_desk.h"
+#include "support/expect_throw.h"
 
 namespace {
 
@@ -95,6 +98,21 @@ TEST_F(KeyboardHook, control_and_page_keys_work_from_a_button_of_the_dialog) {
     Focus(dialog.GetDlgItem(IDCANCEL));
     desk::Press({VK_CONTROL, VK_NEXT});
     EXPECT_TRUE(IsSelected(dialog, 1));
+}
+
+class Thrower : public Dialog {
+public:
+    using Dialog::Dialog;
+    bool BeforeLeaving(int) override { throw std::runtime_error("not now"); }
+};
+
+TEST_F(KeyboardHook, what_a_dialog_throws_when_it_is_asked_comes_out_of_the_loop) {
+    Thrower dialog(calls, desk.frame);
+    OpenInFront(dialog);
+    desk::Press({VK_CONTROL, VK_NEXT});
+    EXPECT_THROW_TEXT(Settle(), std::runtime_error, "not now");
+    EXPECT_EQ(0, dialog.Strip().GetSelectedTab());
+    Settle();
 }
 
 TEST_F(KeyboardHook, control_and_a_page_key_change_one_tab_at_a_time) {
