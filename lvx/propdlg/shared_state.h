@@ -24,7 +24,19 @@ struct KeyEvent {
     bool isUnderWay() const { return key != 0; }
     /// Whether the key goes down, or is held down, and not up.
     bool isPress() const { return (HIWORD(static_cast<DWORD>(flags)) & KF_UP) == 0; }
+    /// Whether it has been down before.
+    bool isHeld() const { return (HIWORD(static_cast<DWORD>(flags)) & KF_REPEAT) != 0; }
     bool operator==(const KeyEvent&) const = default;
+};
+
+/// A change of tab by a key, while it is under way.
+struct Stepping {
+    /// None has the number 0.
+    KeyEvent key;
+    /// Whether the system may bring that key once more.
+    bool comesAgain = false;
+    /// Steps that were asked for meanwhile; backward below 0.
+    int waiting = 0;
 };
 
 struct SharedState {
@@ -37,9 +49,8 @@ struct SharedState {
     bool ModernShell = false;
     /// Set by the first change of tab in the process, and never cleared.
     bool FirstChangeDone = false;
-    /// The key that is selecting another tab just now; none has the number 0.
-    KeyEvent SteppingKey;
-    /// The key that did so last, until another one comes: it is still on its way to a window.
+    Stepping Step;
+    /// The key that changed the tab last, until another one comes: it is still on its way to a window.
     KeyEvent SteppedKey;
     /// The page that hands a command on to its dialog just now; null if none does.
     const LVXPropertyPage* ForwardingPage = nullptr;
