@@ -82,7 +82,8 @@ private:
                   {{m_left, m_bottom - 1}, {m_left, m_top + 2}, {m_left + 2, m_top}, {m_right - 2, m_top}});
         draw_line(m_dc, isActive ? m_strip.HilightColor : m_strip.ShadowColor,
                   {{m_right - 2, m_top + 2}, {m_right - 2, m_bottom}});
-        draw_line(m_dc, m_strip.FrameColor, {{m_right - 1, m_top + 2}, {m_right - 1, m_bottom}});
+        draw_line(m_dc, m_strip.FrameColor,
+                  {{m_right - 2, m_top + 1}, {m_right - 1, m_top + 2}, {m_right - 1, m_bottom}});
     }
 
     void CutCorners() {

@@ -4,6 +4,7 @@
 #include <prsht.h>
 
 #include <array>
+#include <thread>
 #include <vector>
 
 #include "gallery.h"
@@ -12,6 +13,7 @@
 #include "owl/application.h"
 #include "owl/frame_window.h"
 #include "resource_ids.h"
+#include "support/user.h"
 
 namespace {
 
@@ -40,7 +42,7 @@ struct Look {
     int disabled = -1;
     /// Scrolled by so many tabs to the right.
     int scrolled = 0;
-    int fixedWidth = 1;
+    int fixedWidth = 48;
 };
 
 class Properties : public TPropertyDialog {
@@ -110,7 +112,12 @@ void ShowSheet(const std::vector<const char*>& tabs) {
     sheet.pszCaption = "Properties";
     sheet.nPages = static_cast<UINT>(pages.size());
     sheet.ppsp = pages.data();
-    gallery::PoseWhenInFront("Properties");
+    // It finds its place some time after it shows.
+    std::thread([] {
+        user::WaitForShown(nullptr, "Properties");
+        ::Sleep(1000);
+        gallery::PoseWhenInFront("Properties");
+    }).detach();
     ::PropertySheetA(&sheet);
 }
 
