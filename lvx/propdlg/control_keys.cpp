@@ -27,6 +27,12 @@ HWND first_with_key(HWND dialog, char key) {
     return dialog != nullptr && key != 0 ? next_with_key(::GetWindow(dialog, GW_CHILD), key) : nullptr;
 }
 
+// Not what the user has typed into a field.
+bool counts_for_dialog_manager(HWND control) {
+    return ::IsWindowVisible(control) &&
+           (::SendMessageA(control, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) == 0;
+}
+
 HWND tab_stop_of(HWND dialog, HWND control) {
     const bool isTabStop = (::GetWindowLongA(control, GWL_STYLE) & WS_TABSTOP) != 0;
     return isTabStop ? control : ::GetNextDlgTabItem(dialog, control, FALSE);
@@ -36,7 +42,7 @@ HWND tab_stop_of(HWND dialog, HWND control) {
 
 bool has_control_with_key(HWND dialog, char key) {
     HWND control = first_with_key(dialog, key);
-    while (control != nullptr && !::IsWindowVisible(control))
+    while (control != nullptr && !counts_for_dialog_manager(control))
         control = next_with_key(::GetWindow(control, GW_HWNDNEXT), key);
     return control != nullptr;
 }

@@ -36,19 +36,47 @@ void step_tabs(bool forward) {
         dialog->SendMessage(lvx::propdlg::step_message(), forward ? TRUE : FALSE);
 }
 
-// The step handles messages, and the system may bring the very key once more meanwhile: it has not left the
-// queue before the hook is through.
+// Which way Ctrl with a page key steps; 0 for other keys.
+int step_of(const KeyEvent& event) {
+    if (!is_down(VK_CONTROL, event))
+        return 0;
+    if (is_down(VK_NEXT, event))
+        return 1;
+    return is_down(VK_PRIOR, event) ? -1 : 0;
+}
+
+int next_waiting_step() {
+    int& waiting = shared_state().Step.waiting;
+    const int step = waiting > 0 ? 1 : waiting < 0 ? -1 : 0;
+    waiting -= step;
+    return step;
+}
+
+// A step handles messages. The system may bring the very key once more among them, for it has not left the queue
+// before the hook is through; others wait until the step is done, but for those that are just held down.
+bool take_while_stepping(const KeyEvent& event) {
+    lvx::propdlg::Stepping& step = shared_state().Step;
+    if (event == step.key && std::exchange(step.comesAgain, false))
+        return true;
+    if (event.key == step.key.key)
+        step.comesAgain = false;
+    if (event.isPress() && !event.isHeld() && (event.key == VK_NEXT || event.key == VK_PRIOR))
+        step.waiting += step_of(event);
+    return false;
+}
+
 bool take_page_keys(const KeyEvent& event) {
-    KeyEvent& stepping = shared_state().SteppingKey;
-    if (stepping.isUnderWay())
-        return stepping == event;
+    if (shared_state().Step.key.isUnderWay())
+        return take_while_stepping(event);
     shared_state().SteppedKey = {};
-    const bool isForward = is_down(VK_NEXT, event);
-    if (!is_down(VK_CONTROL, event) || !(isForward || is_down(VK_PRIOR, event)))
+    int step = step_of(event);
+    if (step == 0)
         return false;
-    stepping = event;
-    step_tabs(isForward);
-    shared_state().SteppedKey = std::exchange(stepping, {});
+    shared_state().Step = {event, true, 0};
+    for (; step != 0; step = next_waiting_step())
+        step_tabs(step > 0);
+    shared_state().Step = {};
+    shared_state().SteppedKey = event;
     return false;
 }
 

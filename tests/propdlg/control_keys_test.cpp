@@ -35,6 +35,11 @@ TEST_F(ControlKeys, are_asked_further_behind_a_control_that_cannot_be_seen) {
     EXPECT_TRUE(has_control_with_key(a.GetHandle(), 'S'));
 }
 
+TEST_F(ControlKeys, are_not_what_was_typed_into_a_field) {
+    ::SetWindowTextA(a.GetDlgItem(IDC_FIRST), "&query");
+    EXPECT_FALSE(has_control_with_key(a.GetHandle(), 'Q'));
+}
+
 TEST_F(ControlKeys, are_none_without_a_key_or_a_dialog) {
     EXPECT_FALSE(has_control_with_key(a.GetHandle(), 0));
     EXPECT_FALSE(has_control_with_key(nullptr, 'L'));
@@ -55,10 +60,10 @@ TEST_F(ControlKeys, click_at_the_first_of_several_controls) {
 }
 
 TEST_F(ControlKeys, are_looked_for_in_the_first_hundred_characters) {
-    const HWND field = a.GetDlgItem(IDC_FIRST);
-    ::SetWindowTextA(field, (std::string(98, 'x') + "&Q").c_str());
+    const HWND box = a.GetDlgItem(IDC_LAST);
+    ::SetWindowTextA(box, (std::string(98, 'x') + "&Q").c_str());
     EXPECT_TRUE(has_control_with_key(a.GetHandle(), 'Q'));
-    ::SetWindowTextA(field, (std::string(99, 'x') + "&Q").c_str());
+    ::SetWindowTextA(box, (std::string(99, 'x') + "&Q").c_str());
     EXPECT_FALSE(has_control_with_key(a.GetHandle(), 'Q'));
 }
 

@@ -3,12 +3,13 @@
 #include <stdexcept>
 
 #include "property_desk.h"
-#include "support/expect_throw.h"
+#include "tests/owl/desk_user.h"
 
 namespace {
 
 using propdlg_test::Calls;
 using propdlg_test::Dialog;
+using propdlg_test::Page;
 using propdlg_test::PropertyDesk;
 
 // Real keys on a dialog that is in front.
@@ -98,21 +99,6 @@ TEST_F(KeyboardHook, control_and_page_keys_work_from_a_button_of_the_dialog) {
     Focus(dialog.GetDlgItem(IDCANCEL));
     desk::Press({VK_CONTROL, VK_NEXT});
     EXPECT_TRUE(IsSelected(dialog, 1));
-}
-
-class Thrower : public Dialog {
-public:
-    using Dialog::Dialog;
-    bool BeforeLeaving(int) override { throw std::runtime_error("not now"); }
-};
-
-TEST_F(KeyboardHook, what_a_dialog_throws_when_it_is_asked_comes_out_of_the_loop) {
-    Thrower dialog(calls, desk.frame);
-    OpenInFront(dialog);
-    desk::Press({VK_CONTROL, VK_NEXT});
-    EXPECT_THROW_TEXT(Settle(), std::runtime_error, "not now");
-    EXPECT_EQ(0, dialog.Strip().GetSelectedTab());
-    Settle();
 }
 
 TEST_F(KeyboardHook, control_and_a_page_key_change_one_tab_at_a_time) {
@@ -221,6 +207,111 @@ TEST_F(KeyboardHook, other_windows_keep_their_tab_key) {
     Settle();
     EXPECT_EQ(0, dialog.Strip().GetSelectedTab());
     EXPECT_TRUE(::GetForegroundWindow() == desk.frame->GetHandle());
+}
+
+// A page that throws when it is left.
+class Throwing : public propdlg_test::Page {
+public:
+    using Page::Page;
+    bool BeforeLeaving() override { throw std::length_error("left"); }
+};
+
+TEST_F(KeyboardHook, what_a_page_throws_comes_out_of_the_loop_and_not_of_the_hook) {
+    Throwing page(calls, "t");
+    Dialog dialog(calls, desk.frame);
+    dialog.Add("&T", &page, true);
+    dialog.Add("&A", &a, true);
+    Show(dialog);
+    ASSERT_TRUE(desk::Activate(dialog));
+    desk::Press({VK_CONTROL, VK_NEXT});
+    EXPECT_THROW(desk::PumpUntil([] { return false; }, 3000), std::length_error);
+    EXPECT_EQ(0, dialog.Strip().GetSelectedTab());
+    Settle();
+    // And the next key is one again.
+    dialog.SelectTab(0);
+    EXPECT_FALSE(lvx::propdlg::shared_state().Step.key.isUnderWay());
+}
+
+// A page that asks the user, in a box with a loop of its own, when it is left.
+class Asking : public propdlg_test::Page {
+public:
+    using Page::Page;
+    bool BeforeLeaving() override {
+        ++asked;
+        return MessageBox("Really?", "Question", MB_YESNO) == IDYES;
+    }
+    int asked = 0;
+};
+
+TEST_F(KeyboardHook, a_page_may_ask_the_user_when_it_is_left_by_a_key) {
+    Asking page(calls, "q");
+    Dialog dialog(calls, desk.frame);
+    dialog.Add("&Q", &page, true);
+    dialog.Add("&A", &a, true);
+    Show(dialog);
+    ASSERT_TRUE(desk::Activate(dialog));
+    {
+        const desk::User user([&] {
+            user::Press({VK_CONTROL, VK_NEXT});
+            const HWND box = user::WaitForShown(user::dialog_class, "Question");
+            EXPECT_TRUE(user::WaitUntilInFront(box));
+            user::Press({VK_TAB});
+            user::Press({VK_RETURN});
+            EXPECT_TRUE(user::WaitUntil([&] { return !::IsWindow(box); }));
+        });
+        EXPECT_TRUE(desk::PumpUntil([&] { return page.asked == 1 && dialog.IsWindowEnabled(); }));
+        Settle();
+    }
+    EXPECT_EQ(1, page.asked);
+    EXPECT_EQ(0, dialog.Strip().GetSelectedTab());
+}
+
+TEST_F(KeyboardHook, keys_that_come_while_the_tab_changes_wait_for_their_turn) {
+    Dialog dialog(calls, desk.frame, Tab::CreateOnDemand);
+    OpenInFront(dialog);
+    Focus(a.GetDlgItem(IDC_FIRST));
+    desk::Press({VK_CONTROL, VK_NEXT});
+    desk::Press({VK_CONTROL, VK_NEXT});
+    EXPECT_TRUE(IsSelected(dialog, 2));
+    for (const WORD key : std::initializer_list<WORD>{VK_NEXT, VK_NEXT, VK_NEXT, VK_PRIOR})
+        desk::Press({VK_CONTROL, key});
+    EXPECT_TRUE(IsSelected(dialog, 1));
+    Settle();
+    EXPECT_EQ(1, dialog.Strip().GetSelectedTab());
+}
+
+TEST_F(KeyboardHook, a_key_that_is_just_held_down_does_not_pile_up_steps) {
+    Dialog dialog(calls, desk.frame);
+    OpenInFront(dialog);
+    desk::Press({VK_CONTROL, VK_NEXT, VK_NEXT});
+    Settle();
+    EXPECT_EQ(1, dialog.Strip().GetSelectedTab());
+}
+
+TEST_F(KeyboardHook, escape_closes_a_list_that_has_dropped_down_and_no_more) {
+    Page page(calls, "p", IDD_LIST);
+    Dialog dialog(calls, desk.frame);
+    dialog.Add("&P", &page, true);
+    OpenInFront(dialog);
+    const HWND list = page.GetDlgItem(IDC_CHOICE);
+    Focus(list);
+    ::SendMessageA(list, CB_SHOWDROPDOWN, TRUE, 0);
+    desk::Press({VK_ESCAPE});
+    EXPECT_TRUE(desk::PumpUntil([&] { return ::SendMessageA(list, CB_GETDROPPEDSTATE, 0, 0) == 0; }));
+    Settle();
+    EXPECT_TRUE(dialog.IsWindow());
+}
+
+TEST_F(KeyboardHook, escape_on_the_strip_and_on_a_button_cancels_the_dialog) {
+    for (const int control : {0, IDOK}) {
+        Dialog dialog(calls, desk.frame);
+        OpenInFront(dialog);
+        if (control != 0)
+            Focus(dialog.GetDlgItem(control));
+        desk::Press({VK_ESCAPE});
+        EXPECT_TRUE(desk::PumpUntil([&] { return !dialog.IsWindow(); }));
+        EXPECT_EQ(IDCANCEL, dialog.result);
+    }
 }
 
 TEST_F(KeyboardHook, the_hook_passes_on_what_it_is_not_to_look_at) {

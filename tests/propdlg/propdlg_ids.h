@@ -19,6 +19,7 @@
 #define IDC_NO_PREFIX 207
 #define IDC_EXTRA 208
 #define IDC_LINES 209
+#define IDC_CHOICE 210
 
 #define IDB_CELS 300
 #define IDB_MASKED 301

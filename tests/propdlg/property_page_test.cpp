@@ -108,4 +108,73 @@ TEST_F(PropertyPages, a_message_box_stands_above_the_nearest_framed_window) {
     EXPECT_EQ(IDOK, result);
 }
 
+TEST_F(PropertyPages, a_page_that_goes_before_its_dialog_leaves_its_tab_without_a_page) {
+    Dialog dialog(calls, desk.frame, Tab::CreateOnDemandAndKeepIt);
+    auto* const early = new Page(calls, "e");
+    dialog.Add("&E", early, true);
+    dialog.Add("&A", &a, true);
+    Show(dialog);
+    delete early;
+    EXPECT_TRUE(dialog.GetPageRef(0) == nullptr);
+    EXPECT_TRUE(dialog.SelectTab(1));
+    EXPECT_TRUE(dialog.SelectTab(0));
+    EXPECT_TRUE(dialog.Strip().GetFirstControl() == nullptr);
+    dialog.SendMessage(WM_COMMAND, CM_PAGE);
+    dialog.SendMessage(WM_SYSCOMMAND, SC_KEYMENU, 'q');
+    EXPECT_EQ(0, dialog.SendMsgToEachPage(WM_NULL, 0, 0));
+    dialog.CmOk();
+    EXPECT_EQ(IDOK, dialog.result);
+}
+
+TEST_F(PropertyPages, a_page_knows_its_dialog_no_more_when_that_has_gone) {
+    {
+        Dialog dialog(calls, desk.frame);
+        Open(dialog);
+        dialog.CmCancel();
+    }
+    EXPECT_TRUE(a.GetPropertyDialog() == nullptr);
+    Dialog next(calls, desk.frame);
+    Open(next);
+    EXPECT_EQ(&next, a.GetPropertyDialog());
+}
+
+TEST_F(PropertyPages, a_page_knows_its_tab_before_the_dialog_is_set_up) {
+    Dialog dialog(calls, desk.frame);
+    AddPages(dialog);
+    EXPECT_EQ("&B", b.GetTabText(-1));
+    b.SetTabText(-1, "&Renamed");
+    b.EnableTab(0, false);
+    Show(dialog);
+    EXPECT_EQ("&Renamed", dialog.Strip().GetTabText(1));
+    EXPECT_EQ(1, dialog.Strip().GetSelectedTab());
+}
+
+// A page that answers OK itself, and then hands it on.
+class Answering : public Page {
+public:
+    using Page::Page;
+    void CmOk() {
+        ++answered;
+        Page::CmOk();
+    }
+    int answered = 0;
+
+    DECLARE_RESPONSE_TABLE(Answering);
+};
+
+DEFINE_RESPONSE_TABLE1(Answering, Page)
+    EV_COMMAND(IDOK, CmOk),
+END_RESPONSE_TABLE;
+
+TEST_F(PropertyPages, a_page_that_answers_ok_itself_can_hand_it_on_to_the_dialog) {
+    Answering page(calls, "o");
+    Dialog dialog(calls, desk.frame);
+    dialog.Add("&O", &page, true);
+    Show(dialog);
+    // The page is asked first, but not again for what it hands on.
+    dialog.SendMessage(WM_COMMAND, IDOK);
+    EXPECT_EQ(1, page.answered);
+    EXPECT_EQ(IDOK, dialog.result);
+}
+
 }  // namespace

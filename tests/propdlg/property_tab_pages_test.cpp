@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 #include "property_desk.h"
 
 namespace {
@@ -154,6 +156,64 @@ TEST_F(PropertyTabPages, a_page_behind_two_tabs_is_made_once) {
     dialog.SelectTab(1);
     dialog.SelectTab(2);
     EXPECT_TRUE(a.IsWindowVisible());
+}
+
+TEST_F(PropertyTabPages, a_page_that_is_added_to_an_open_dialog_gets_its_tab_and_its_window) {
+    for (const Tab::Style style : {Tab::SingleHeight, Tab::CreateOnDemand}) {
+        Page late(calls, "l");
+        Dialog dialog(calls, desk.frame, style);
+        dialog.Add("&A", &a, true);
+        Show(dialog);
+        dialog.Add("&Late", &late, true);
+        EXPECT_EQ(style == Tab::SingleHeight, late.IsWindow());
+        EXPECT_LT(0, dialog.Strip().GetTabWidth(1));
+        EXPECT_TRUE(dialog.SelectTab(1));
+        EXPECT_TRUE(late.IsWindowVisible());
+        EXPECT_EQ(dialog.Strip().GetHandle(), ::GetParent(late.GetHandle()));
+        dialog.CmCancel();
+    }
+}
+
+// Closes its dialog while it is asked whether it may be left.
+class Closing : public Page {
+public:
+    using Page::Page;
+    bool BeforeLeaving() override {
+        GetPropertyDialog()->Destroy(77);
+        return true;
+    }
+};
+
+TEST_F(PropertyTabPages, a_page_may_close_the_dialog_when_it_is_left) {
+    Closing page(calls, "x");
+    Dialog dialog(calls, desk.frame);
+    dialog.Add("&X", &page, true);
+    dialog.Add("&A", &a, true);
+    Show(dialog);
+    EXPECT_FALSE(dialog.SelectTab(1));
+    EXPECT_EQ(77, dialog.result);
+    EXPECT_EQ(Calls{"leave dialog 1"}, Asked());
+}
+
+// Cannot be set up.
+class Broken : public Page {
+public:
+    using Page::Page;
+    void SetupWindow() override { throw std::length_error("setup"); }
+};
+
+TEST_F(PropertyTabPages, a_page_that_cannot_be_set_up_leaves_no_dialog_and_no_hook) {
+    Broken page(calls, "x");
+    {
+        Dialog dialog(calls, desk.frame);
+        dialog.Add("&A", &a, true);
+        dialog.Add("&X", &page, true);
+        EXPECT_THROW(dialog.Create(), std::length_error);
+        EXPECT_FALSE(dialog.IsWindow());
+        EXPECT_FALSE(a.IsWindow());
+        EXPECT_TRUE(lvx::propdlg::shared_state().PropertyTabs.IsEmpty());
+    }
+    EXPECT_TRUE(lvx::propdlg::shared_state().HookHandle == nullptr);
 }
 
 }  // namespace
