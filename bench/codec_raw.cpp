@@ -6,44 +6,32 @@
 #include <stdexcept>
 
 #include "bench/codec.h"
+#include "bench/plain_file.h"
 #include "bench/raw_graph.h"
 
 namespace lvx_bench {
 namespace {
 
-struct Closer {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
-using OwnedFile = std::unique_ptr<std::FILE, Closer>;
-
-OwnedFile open_file(const std::string& path, const char* mode) {
-    OwnedFile file(std::fopen(path.c_str(), mode));
-    if (file == nullptr) {
-        throw std::runtime_error("raw: cannot open " + path);
-    }
-    return file;
-}
-
 class FileWriter final : public RawWriter {
 public:
-    explicit FileWriter(const std::string& path) : m_file(open_file(path, "wb")) {}
+    explicit FileWriter(const std::string& path) : m_file(open_plain_file(path, "wb")) {}
     void PutBytes(const void* data, std::size_t size) override {
         expect_transfer(std::fwrite(data, size, 1, m_file.get()) == 1);
     }
 
 private:
-    OwnedFile m_file;
+    PlainFile m_file;
 };
 
 class FileReader final : public RawReader {
 public:
-    explicit FileReader(const std::string& path) : m_file(open_file(path, "rb")) {}
+    explicit FileReader(const std::string& path) : m_file(open_plain_file(path, "rb")) {}
     void GetBytes(void* data, std::size_t size) override {
         expect_transfer(std::fread(data, size, 1, m_file.get()) == 1);
     }
 
 private:
-    OwnedFile m_file;
+    PlainFile m_file;
 };
 
 class StreamWriter final : public RawWriter {

@@ -9,27 +9,12 @@
 #include <jpeglib.h>
 
 #include "bench/picture.h"
+#include "bench/plain_file.h"
 
 namespace lvx_bench {
-namespace {
-
-struct Closer {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
-using OwnedFile = std::unique_ptr<std::FILE, Closer>;
-
-OwnedFile open_file(const std::string& path, const char* mode) {
-    OwnedFile file(std::fopen(path.c_str(), mode));
-    if (file == nullptr) {
-        throw std::runtime_error("raw: cannot open " + path);
-    }
-    return file;
-}
-
-}  // namespace
 
 void save_raw_jpeg(const std::string& path) {
-    const OwnedFile file = open_file(path, "wb");
+    const PlainFile file = open_plain_file(path, "wb");
     std::vector<unsigned char> picture = make_picture();
     jpeg_error_mgr errors{};
     jpeg_compress_struct state{};
@@ -52,7 +37,7 @@ void save_raw_jpeg(const std::string& path) {
 }
 
 RawFile load_raw_jpeg(const std::string& path) {
-    const OwnedFile file = open_file(path, "rb");
+    const PlainFile file = open_plain_file(path, "rb");
     jpeg_error_mgr errors{};
     jpeg_decompress_struct state{};
     state.err = jpeg_std_error(&errors);

@@ -11,15 +11,23 @@ namespace lvx::platform {
 /// Directories are found as well as files.
 inline constexpr int find_directories = 16;
 
-class NameSearch;
+/// What the system holds for a search.
+class NameSearch {
+public:
+    NameSearch() = default;
+    NameSearch(const NameSearch&) = delete;
+    NameSearch& operator=(const NameSearch&) = delete;
+    virtual ~NameSearch() = default;
+
+    /// The next name that fits, until it is asked for again; null at the end.
+    virtual const char* Next() = 0;
+};
+
+/// A search as the system has it; what findfirst begins with.
+std::unique_ptr<NameSearch> search_names(const char* pattern, int attributes);
 
 /// A search under way. What the system holds for it is given back with the block, or with its next search.
 struct FindBlock {
-    FindBlock();
-    FindBlock(const FindBlock&) = delete;
-    FindBlock& operator=(const FindBlock&) = delete;
-    ~FindBlock();
-
     std::string name;  // what was found last, without its directory
     std::unique_ptr<NameSearch> search;
 };

@@ -14,8 +14,6 @@ namespace lvx::platform {
 
 namespace {
 
-constexpr int failure = -1;
-
 struct CloseDirectory {
     void operator()(DIR* directory) const { closedir(directory); }
 };
@@ -35,17 +33,14 @@ Directory open_directory(std::string_view path) {
     return Directory(native ? opendir(native->c_str()) : nullptr);
 }
 
-}  // namespace
-
-class NameSearch {
+class SystemSearch final : public NameSearch {
 public:
-    NameSearch(std::string_view pattern, int attributes)
+    SystemSearch(std::string_view pattern, int attributes)
         : m_directory(open_directory(pattern.substr(0, name_start(pattern)))),
           m_pattern(pattern.substr(name_start(pattern))),
           m_directories_too((attributes & find_directories) != 0) {}
 
-    /// The next name that fits; null at the end.
-    const char* Next() {
+    const char* Next() override {
         while (const dirent* const entry = m_directory ? readdir(m_directory.get()) : nullptr) {
             if (Fits(entry->d_name)) {
                 return entry->d_name;
@@ -72,22 +67,10 @@ private:
     bool m_directories_too;
 };
 
-FindBlock::FindBlock() = default;
-FindBlock::~FindBlock() = default;
+}  // namespace
 
-int findfirst(const char* pattern, FindBlock& block, int attributes) {
-    block.search = std::make_unique<NameSearch>(pattern, attributes);
-    return findnext(block);
-}
-
-int findnext(FindBlock& block) {
-    const char* const found = block.search ? block.search->Next() : nullptr;
-    if (found == nullptr) {
-        block.search.reset();
-        return failure;
-    }
-    block.name = found;
-    return 0;
+std::unique_ptr<NameSearch> search_names(const char* pattern, int attributes) {
+    return std::make_unique<SystemSearch>(pattern, attributes);
 }
 
 }  // namespace lvx::platform

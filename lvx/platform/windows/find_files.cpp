@@ -6,27 +6,20 @@ namespace lvx::platform {
 
 namespace {
 
-constexpr int failure = -1;
-
-}  // namespace
-
-class NameSearch {
+class SystemSearch final : public NameSearch {
 public:
-    NameSearch(const char* pattern, int attributes)
+    SystemSearch(const char* pattern, int attributes)
         : m_unwanted(FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM |
                      ((attributes & find_directories) != 0 ? 0 : FILE_ATTRIBUTE_DIRECTORY)),
           m_handle(FindFirstFileA(pattern, &m_found)),
           m_has_found(m_handle != INVALID_HANDLE_VALUE) {}
-    NameSearch(const NameSearch&) = delete;
-    NameSearch& operator=(const NameSearch&) = delete;
-    ~NameSearch() {
+    ~SystemSearch() override {
         if (m_handle != INVALID_HANDLE_VALUE) {
             FindClose(m_handle);
         }
     }
 
-    /// The next name that is wanted; null at the end.
-    const char* Next() {
+    const char* Next() override {
         while (m_has_found && (m_found.dwFileAttributes & m_unwanted) != 0) {
             Advance();
         }
@@ -48,22 +41,10 @@ private:
     std::string m_name;
 };
 
-FindBlock::FindBlock() = default;
-FindBlock::~FindBlock() = default;
+}  // namespace
 
-int findfirst(const char* pattern, FindBlock& block, int attributes) {
-    block.search = std::make_unique<NameSearch>(pattern, attributes);
-    return findnext(block);
-}
-
-int findnext(FindBlock& block) {
-    const char* const found = block.search ? block.search->Next() : nullptr;
-    if (found == nullptr) {
-        block.search.reset();
-        return failure;
-    }
-    block.name = found;
-    return 0;
+std::unique_ptr<NameSearch> search_names(const char* pattern, int attributes) {
+    return std::make_unique<SystemSearch>(pattern, attributes);
 }
 
 }  // namespace lvx::platform
