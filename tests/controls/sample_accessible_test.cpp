@@ -46,7 +46,8 @@ struct SampleAccessible : testing::Test {
     }
 
     /// What a question was answered with; "-" if there is nothing.
-    std::string Ask(HRESULT (IAccessible::*question)(VARIANT, BSTR*), LONG child = CHILDID_SELF) const {
+    template <class Question>
+    std::string Ask(Question question, LONG child = CHILDID_SELF) const {
         BSTR text = nullptr;
         if ((object.get()->*question)(Child(child), &text) != S_OK)
             return "-";
