@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <fstream>
+#include <iterator>
 
 #include "support/bytes.h"
 #include "support/sketch_session.h"
@@ -11,6 +13,12 @@
 namespace {
 
 using namespace sketch_test;
+
+// What a program that may not have begun has written so far.
+std::string WrittenTo(const std::string& file) {
+    std::ifstream stream(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
 
 class SketchDde : public Sketch {
 protected:
@@ -97,7 +105,7 @@ TEST_F(SketchDde, tells_who_is_linked_what_the_user_changes) {
     const std::string file = m_folder.File("counts.txt");
     user::OtherProgram watcher("cmd /c " + CommandLine({"watch", "Count", "3"}) + " > " + file);
     // It says so when its link stands.
-    ASSERT_TRUE(WaitUntil([&] { return lvx_test::read_file(file).starts_with("watching"); }));
+    ASSERT_TRUE(WaitUntil([&] { return WrittenTo(file).starts_with("watching"); }));
     Press({VK_F3});
     Press({VK_RETURN});
     EXPECT_TRUE(m_sketch->ShowsStatus("Rectangle, 120 x 80"));
@@ -106,7 +114,7 @@ TEST_F(SketchDde, tells_who_is_linked_what_the_user_changes) {
     Press({VK_TAB});
     Press({VK_DELETE});
     EXPECT_EQ(0, watcher.WaitForEnd());
-    EXPECT_EQ("watching\r\n1\r\n2\r\n1\r\n", lvx_test::read_file(file));
+    EXPECT_EQ("watching\r\n1\r\n2\r\n1\r\n", WrittenTo(file));
 }
 
 TEST_F(SketchDde, saves_and_opens_documents) {
