@@ -29,8 +29,7 @@ HWND first_with_key(HWND dialog, char key) {
 
 // Not what the user has typed into a field.
 bool counts_for_dialog_manager(HWND control) {
-    return ::IsWindowVisible(control) &&
-           (::SendMessageA(control, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) == 0;
+    return ::IsWindowVisible(control) && (::SendMessageA(control, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) == 0;
 }
 
 HWND tab_stop_of(HWND dialog, HWND control) {

@@ -7,8 +7,8 @@
 
 namespace lvx::propdlg {
 
-/// Whether Alt and this key are the dialog manager's affair in `dialog`: a control that is shown and enabled, and
-/// no field to type in, has it for its hot key. False for a null `dialog`.
+/// Whether Alt and this key are the dialog manager's affair in `dialog`: a control that is shown and enabled,
+/// and no field to type in, has it for its hot key. False for a null `dialog`.
 bool has_control_with_key(HWND dialog, char key);
 
 /// Clicks at the first enabled control in `dialog` that has this hot key, and selects its text. The key of

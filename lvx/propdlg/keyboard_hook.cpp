@@ -52,8 +52,9 @@ int next_waiting_step() {
     return step;
 }
 
-// A step handles messages. The system may bring the very key once more among them, for it has not left the queue
-// before the hook is through; others wait until the step is done, but for those that are just held down.
+// A step handles messages. The system may bring the very key once more among them, for it has not left the
+// queue before the hook is through; others wait until the step is done, but for those that are just held
+// down.
 bool take_while_stepping(const KeyEvent& event) {
     lvx::propdlg::Stepping& step = shared_state().Step;
     if (event == step.key && std::exchange(step.comesAgain, false))

@@ -98,6 +98,12 @@ TEST(PageOfDde, quotes_the_program_as_it_is) {
         5U, quotes_that_stand("docs/dde.md", "cpp star_server.cpp", "examples/star_server/star_server.cpp"));
 }
 
+TEST(PageOfDialogsWithTabs, quotes_the_program_as_it_is) {
+    const std::string page = "docs/property-dialogs.md";
+    EXPECT_EQ(2U, quotes_that_stand(page, "cpp properties.cpp", "examples/properties/properties.cpp"));
+    EXPECT_EQ(1U, quotes_that_stand(page, "rc properties.rc", "examples/properties/properties.rc"));
+}
+
 TEST(Tutorial, leaves_nothing_of_the_program_untold) {
     std::string told;
     for (const Lines& block : quotes("docs/owl.md", "cpp hello.cpp")) {
