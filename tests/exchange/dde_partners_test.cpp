@@ -53,13 +53,19 @@ protected:
         const HANDLE process = ::OpenProcess(SYNCHRONIZE, FALSE, peer.Id());
         RawPartner::PumpUntil(
             [&] {
-                if (std::exchange(isLinked, false))
+                if (std::exchange(isLinked, false)) {
+                    Settle();
                     master.updateItem("count");
+                }
                 return ::WaitForSingleObject(process, 0) == WAIT_OBJECT_0;
             },
             milliseconds);
         ::CloseHandle(process);
         return peer.Result();
+    }
+    /// Wine's DDE library loses data that lies in its queue together with the acknowledgement of the link.
+    static void Settle() {
+        RawPartner::PumpUntil([] { return false; }, 500);
     }
     /// Handles messages until there are so many children.
     bool WaitForChildren(std::size_t count) {
@@ -176,6 +182,7 @@ TEST_F(DdemlClient, comes_twice_at_once) {
         const auto reasons = client.Reasons();
         return std::count(reasons.begin(), reasons.end(), DdeAdvise) == 2;
     }));
+    Settle();
     client.events.clear();
     master.updateItem("count");
     EXPECT_THAT(client.Reasons(), ElementsAre(DdeRequest, DdeRequest));
@@ -261,7 +268,7 @@ TEST_F(RawClient, may_die_without_a_word) {
     EXPECT_EQ(0, Serve(*peer));
     EXPECT_EQ(1u, master.children().size());
     // Nobody is waited for.
-    EXPECT_LT(milliseconds_of([&] { master.updateItem("count"); }), 500);
+    EXPECT_LT(milliseconds_of([&] { master.updateItem("count"); }), 2000);
     EXPECT_FALSE(lastSent);
     EXPECT_EQ(0, Serve(*Raw("converse")));
     EXPECT_TRUE(WaitForChildren(0));
@@ -275,7 +282,7 @@ TEST_F(RawClient, may_hang_when_it_has_said_good_bye) {
     const auto peer = Raw("hang");
     ASSERT_TRUE(WaitForChildren(1));
     master.children()[0]->ackTime(300);
-    EXPECT_LT(milliseconds_of([&] { EXPECT_TRUE(WaitForChildren(0)); }), 2500);
+    EXPECT_LT(milliseconds_of([&] { EXPECT_TRUE(WaitForChildren(0)); }), 5000);
     EXPECT_EQ(0, Serve(*peer));
 }
 
@@ -303,6 +310,7 @@ TEST_F(RawClient, may_converse_while_the_host_waits_for_another) {
     ASSERT_TRUE(WaitForChildren(1));
     LVXDdeServer* const waiting = master.children()[0];
     waiting->ackData(true);
+    waiting->ackTime(20000);
     const auto quick = Raw("converse");
     EXPECT_TRUE(waiting->sendItem("count", "slow", CF_TEXT));
     // Its first words, at least, came in meanwhile.

@@ -213,18 +213,18 @@ TEST_F(DdeServerData, updates_a_hot_link_by_asking_the_client) {
 }
 
 TEST_F(DdeServerData, updates_a_warm_link_by_a_word_alone) {
-    Link("count", deferred);
-    const ATOM atom = ::GlobalAddAtomA("count");
-    child->updateItem("count");
+    Link("lvx dde warm", deferred);
+    const ATOM atom = ::GlobalAddAtomA("lvx dde warm");
+    child->updateItem("lvx dde warm");
     ASSERT_TRUE(partner.Wait(WM_DDE_DATA));
     EXPECT_FALSE(partner.letters[0].hasBlock);
-    EXPECT_EQ("count", partner.letters[0].item);
+    EXPECT_EQ("lvx dde warm", partner.letters[0].item);
     EXPECT_THAT(client.events, IsEmpty());
     ::GlobalDeleteAtom(atom);
     EXPECT_EQ("", name_of(atom));
     // What it is told of, it asks for.
     Supply("9");
-    EXPECT_EQ("count=9", AnswerTo(partner.Request("count"), WM_DDE_DATA).Text());
+    EXPECT_EQ("lvx dde warm=9", AnswerTo(partner.Request("lvx dde warm"), WM_DDE_DATA).Text());
 }
 
 TEST_F(DdeServerData, replaces_a_link_by_a_second_one) {

@@ -156,7 +156,7 @@ void die() {
 void hang() {
     Client client;
     EXPECT(client.Terminate());
-    Sleep(3000);
+    Sleep(7000);
 }
 
 // Thinks a while about data before it acknowledges it.
@@ -164,7 +164,7 @@ void acknowledge_late() {
     Client client;
     client.onLetter = [](const Letter& letter) {
         if (letter.message == WM_DDE_DATA)
-            Sleep(1500);
+            Sleep(3000);
     };
     EXPECT(client.Wait(WM_DDE_DATA));
     EXPECT(client.Wait(WM_DDE_TERMINATE));
