@@ -32,7 +32,7 @@ class Sketch {
 public:
     Sketch() : m_sketch(FileBesideThisProgram("sketch.exe")) {
         m_sketch.ComeToFront();
-        ::MoveWindow(m_sketch.Frame(), 60, 60, 680, 500, TRUE);
+        ::MoveWindow(m_sketch.Frame(), 60, 60, 680, 530, TRUE);
         DrawShapes();
         AddRose();
     }
@@ -132,6 +132,32 @@ void ShowShapes() {
     gallery::Pose(gallery::PlaceOf(sketch.Program().Frame()));
 }
 
+// The dialog with tabs for the polygon, its page for fills; `opened` does something there.
+template <class Opened>
+void ShowFillPage(const Opened& opened) {
+    const Sketch sketch;
+    Press({VK_ESCAPE});
+    sketch.Program().ClickAt(550, 150);
+    Press({VK_MENU, VK_RETURN});
+    const HWND dialog = sketch.Program().Dialog("Properties");
+    const HWND strip = ::FindWindowExA(dialog, nullptr, "tbProperty", nullptr);
+    user::ClickIn(strip, 160, 10);
+    ::Sleep(300);
+    opened(sketch.Program());
+    gallery::Pose(gallery::PlaceOf(sketch.Program().Frame()));
+}
+
+void ShowProperties() {
+    ShowFillPage([](const SketchProgram&) {});
+}
+
+void ShowColour() {
+    ShowFillPage([](const SketchProgram& program) {
+        Press({VK_MENU, 'R'});
+        program.Dialog("Colour");
+    });
+}
+
 void ShowLook() {
     const Sketch sketch;
     sketch.Show("Line and Fill", 'L');
@@ -146,6 +172,8 @@ int main(int argc, char** argv) {
                             {"sketch-menu", "Its menu of tools", &ShowMenu},
                             {"sketch-skew", "Its dialog to skew a picture", &ShowSkew},
                             {"sketch-look", "Its dialog for lines and fills", &ShowLook},
+                            {"sketch-properties", "Its properties, with tabs", &ShowProperties},
+                            {"sketch-colour", "A colour of one's own", &ShowColour},
                             {"sketch-text", "Its dialog for words", &ShowText},
                             {"sketch-turn", "Its dialog to turn a picture", &ShowTurn},
                             {"sketch-shapes", "Its menu of the shapes that there are", &ShowShapes},

@@ -7,6 +7,7 @@
 #include "lvx/controls/yn_dialog.h"
 #include "sketch/frame/printing.h"
 #include "sketch/frame/sketch_ids.h"
+#include "sketch/frame/tool_bar.h"
 #include "sketch/model/error.h"
 
 namespace sketch {
@@ -35,6 +36,9 @@ Frame::Frame()
     Attr.Menu = IDM_SKETCH;
     Attr.AccelTable = IDA_SKETCH;
     SetIcon(GetModule(), IDI_SKETCH);
+    auto* const bar = new ToolBar(this);
+    bar->Attr.Id = IDC_BAR;
+    Insert(*bar, Top);
     m_status = new StatusLine(this);
     m_status->Attr.Id = IDC_STATUS;
     Insert(*m_status, Bottom);
@@ -73,12 +77,17 @@ void Frame::EvInitMenuPopup(HMENU menu, UINT position, bool systemMenu) {
     TFrameWindow::EvInitMenuPopup(menu, position, systemMenu);
 }
 
+void Frame::ShowHint(int, const std::string& text) {
+    m_hint = text;
+    ShowState();
+}
+
 void Frame::ShowState() {
     const std::string title = m_document.Title() + (m_document.IsChanged() ? "*" : "") + " - " + program;
     if (title != GetWindowText()) {
         SetWindowText(title);
     }
-    m_status->Show(m_view->Status());
+    m_status->Show(m_hint.empty() ? m_view->Status() : m_hint);
     if (m_service != nullptr) {
         m_service->Update();
     }

@@ -75,6 +75,8 @@
 #define IDC_FILLED 223
 #define IDC_FILL_PATTERN 224
 #define IDC_FILL_COLOUR 225
+#define IDC_LINE_COLOUR_OTHER 226
+#define IDC_FILL_COLOUR_OTHER 227
 
 #define IDC_WORDS 230
 #define IDC_FONT 231
@@ -91,3 +93,4 @@
 // The parts of the frame.
 #define IDC_VIEW 300
 #define IDC_STATUS 301
+#define IDC_BAR 302
