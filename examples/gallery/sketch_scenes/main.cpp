@@ -3,19 +3,13 @@
 #include <string>
 
 #include "gallery.h"
+#include "support/peer_process.h"
 #include "support/sketch_program.h"
 
 namespace {
 
 using user::Press;
 using user::SketchProgram;
-
-std::string FileBesideThisProgram(const char* name) {
-    char file[MAX_PATH] = "";
-    ::GetModuleFileNameA(nullptr, file, sizeof file);
-    const std::string program = file;
-    return program.substr(0, program.rfind('\\') + 1) + name;
-}
 
 std::string SamplePicture(const std::string& name) {
     std::string file = std::string(LVX_SAMPLE_PICTURES) + "/" + name;
@@ -30,7 +24,7 @@ std::string SamplePicture(const std::string& name) {
 // The program with a drawing that shows what it can.
 class Sketch {
 public:
-    Sketch() : m_sketch(FileBesideThisProgram("sketch.exe")) {
+    Sketch() : m_sketch(lvx_test::program_folder() + "sketch.exe") {
         m_sketch.ComeToFront();
         ::MoveWindow(m_sketch.Frame(), 60, 60, 680, 530, TRUE);
         DrawShapes();
@@ -158,6 +152,11 @@ void ShowColour() {
     });
 }
 
+void ShowSettings() {
+    const Sketch sketch;
+    sketch.Show("Settings, step 1 of 4: lines of new shapes", 'G');
+}
+
 void ShowLook() {
     const Sketch sketch;
     sketch.Show("Line and Fill", 'L');
@@ -174,6 +173,7 @@ int main(int argc, char** argv) {
                             {"sketch-look", "Its dialog for lines and fills", &ShowLook},
                             {"sketch-properties", "Its properties, with tabs", &ShowProperties},
                             {"sketch-colour", "A colour of one's own", &ShowColour},
+                            {"sketch-settings", "Its settings, step by step", &ShowSettings},
                             {"sketch-text", "Its dialog for words", &ShowText},
                             {"sketch-turn", "Its dialog to turn a picture", &ShowTurn},
                             {"sketch-shapes", "Its menu of the shapes that there are", &ShowShapes},

@@ -5,7 +5,9 @@
 #include "lvx/controls/centred_dialog.h"
 #include "lvx/controls/file_dialogs.h"
 #include "lvx/controls/yn_dialog.h"
+#include "sketch/frame/preferences.h"
 #include "sketch/frame/printing.h"
+#include "sketch/frame/settings_wizard.h"
 #include "sketch/frame/sketch_ids.h"
 #include "sketch/frame/tool_bar.h"
 #include "sketch/model/error.h"
@@ -50,6 +52,7 @@ Frame::Frame()
 void Frame::SetupWindow() {
     TFrameWindow::SetupWindow();
     m_recent.readFromINI();
+    m_view->Prefer(LoadPreferences(m_settings));
     m_shapes = std::make_unique<ShapeMenu>(*this, [this](int index) { m_view->SelectFigure(index); });
     m_service = std::make_unique<DdeService>(static_cast<Told&>(*this));
     ShowState();
@@ -216,6 +219,14 @@ void Frame::CmAddPicture() {
     }
 }
 
+void Frame::CmSettings() {
+    Preferences preferences = m_view->Preferred();
+    if (RunSettingsWizard(this, preferences)) {
+        m_view->Prefer(preferences);
+        SavePreferences(m_settings, preferences);
+    }
+}
+
 void Frame::CmAbout() {
     LVXCentredDialog(this, IDD_ABOUT, nullptr).Execute();
 }
@@ -227,6 +238,7 @@ DEFINE_RESPONSE_TABLE1(Frame, owl::TFrameWindow)
         EV_COMMAND_AND_ID(CM_RECENT + 6, CmRecent), EV_COMMAND(CM_OPEN, CmOpen), EV_COMMAND(CM_SAVE, CmSave),
         EV_COMMAND(CM_SAVE_AS, CmSaveAs), EV_COMMAND(CM_PRINT, CmPrint),
         EV_COMMAND(CM_ADD_PICTURE, CmAddPicture), EV_COMMAND(CM_EXIT, CmExit), EV_COMMAND(CM_ABOUT, CmAbout),
+        EV_COMMAND(CM_SETTINGS, CmSettings),
 END_RESPONSE_TABLE;
 
 }  // namespace sketch

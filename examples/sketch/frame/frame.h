@@ -42,6 +42,7 @@ public:
     void CmPrint();
     void CmAddPicture();
     void CmExit() { CloseWindow(); }
+    void CmSettings();
     void CmAbout();
 
 private:
