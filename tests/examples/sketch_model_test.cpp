@@ -8,6 +8,7 @@
 #include "owl/memory_dc.h"
 #include "sketch/model/box.h"
 #include "sketch/model/error.h"
+#include "sketch/model/figure_image.h"
 #include "sketch/model/picture_check.h"
 #include "sketch/model/picture_file.h"
 #include "sketch/model/polygon.h"
@@ -261,4 +262,23 @@ TEST(SketchPictureFile, names_pictures_without_folder_and_extension) {
     EXPECT_EQ("rose", sketch::PictureName("Z:\\garden\\rose.jpg"));
     EXPECT_EQ("rose.red", sketch::PictureName("rose.red.jpg"));
     EXPECT_EQ("rose", sketch::PictureName("rose"));
+}
+
+TEST(SketchFigureImage, holds_the_figure_and_its_line) {
+    sketch::Look look;
+    look.lineWidth = 4;
+    const sketch::Rectangle box(TRect(100, 200, 130, 220), look);
+    const sketch::Bitmap image = std::make_shared<DIBitmap>(sketch::MakeImage(box), DIBitmap::Adopt);
+    // Three pixels beside it on each side: half of the line, and one more.
+    EXPECT_EQ(TSize(36, 26), image->GetSize());
+    EXPECT_EQ(32, image->GetBitsPerPixel());
+    const auto shown = sketch::ForScreen(*image);
+    EXPECT_EQ(RGB(255, 255, 255), PixelOf(*shown, 0, 0));
+    EXPECT_EQ(RGB(0, 0, 0), PixelOf(*shown, 3, 13));
+    EXPECT_EQ(RGB(255, 255, 255), PixelOf(*shown, 18, 13));
+}
+
+TEST(SketchFigureImage, is_refused_where_it_would_be_too_large) {
+    const sketch::Rectangle box(TRect(0, 0, 900000, 900000), sketch::Look{});
+    EXPECT_THROW(sketch::MakeImage(box), sketch::DocumentError);
 }

@@ -3,19 +3,13 @@
 #include <string>
 
 #include "gallery.h"
+#include "support/peer_process.h"
 #include "support/sketch_program.h"
 
 namespace {
 
 using user::Press;
 using user::SketchProgram;
-
-std::string FileBesideThisProgram(const char* name) {
-    char file[MAX_PATH] = "";
-    ::GetModuleFileNameA(nullptr, file, sizeof file);
-    const std::string program = file;
-    return program.substr(0, program.rfind('\\') + 1) + name;
-}
 
 std::string SamplePicture(const std::string& name) {
     std::string file = std::string(LVX_SAMPLE_PICTURES) + "/" + name;
@@ -30,9 +24,9 @@ std::string SamplePicture(const std::string& name) {
 // The program with a drawing that shows what it can.
 class Sketch {
 public:
-    Sketch() : m_sketch(FileBesideThisProgram("sketch.exe")) {
+    Sketch() : m_sketch(lvx_test::program_folder() + "sketch.exe") {
         m_sketch.ComeToFront();
-        ::MoveWindow(m_sketch.Frame(), 60, 60, 680, 500, TRUE);
+        ::MoveWindow(m_sketch.Frame(), 60, 60, 680, 530, TRUE);
         DrawShapes();
         AddRose();
     }
@@ -132,6 +126,37 @@ void ShowShapes() {
     gallery::Pose(gallery::PlaceOf(sketch.Program().Frame()));
 }
 
+// The dialog with tabs for the polygon, its page for fills; `opened` does something there.
+template <class Opened>
+void ShowFillPage(const Opened& opened) {
+    const Sketch sketch;
+    Press({VK_ESCAPE});
+    sketch.Program().ClickAt(550, 150);
+    Press({VK_MENU, VK_RETURN});
+    const HWND dialog = sketch.Program().Dialog("Properties");
+    const HWND strip = ::FindWindowExA(dialog, nullptr, "tbProperty", nullptr);
+    user::ClickIn(strip, 160, 10);
+    ::Sleep(300);
+    opened(sketch.Program());
+    gallery::Pose(gallery::PlaceOf(sketch.Program().Frame()));
+}
+
+void ShowProperties() {
+    ShowFillPage([](const SketchProgram&) {});
+}
+
+void ShowColour() {
+    ShowFillPage([](const SketchProgram& program) {
+        Press({VK_MENU, 'R'});
+        program.Dialog("Colour");
+    });
+}
+
+void ShowSettings() {
+    const Sketch sketch;
+    sketch.Show("Settings, step 1 of 4: lines of new shapes", 'G');
+}
+
 void ShowLook() {
     const Sketch sketch;
     sketch.Show("Line and Fill", 'L');
@@ -146,6 +171,9 @@ int main(int argc, char** argv) {
                             {"sketch-menu", "Its menu of tools", &ShowMenu},
                             {"sketch-skew", "Its dialog to skew a picture", &ShowSkew},
                             {"sketch-look", "Its dialog for lines and fills", &ShowLook},
+                            {"sketch-properties", "Its properties, with tabs", &ShowProperties},
+                            {"sketch-colour", "A colour of one's own", &ShowColour},
+                            {"sketch-settings", "Its settings, step by step", &ShowSettings},
                             {"sketch-text", "Its dialog for words", &ShowText},
                             {"sketch-turn", "Its dialog to turn a picture", &ShowTurn},
                             {"sketch-shapes", "Its menu of the shapes that there are", &ShowShapes},

@@ -5,8 +5,11 @@
 #include "lvx/controls/centred_dialog.h"
 #include "lvx/controls/file_dialogs.h"
 #include "lvx/controls/yn_dialog.h"
+#include "sketch/frame/preferences.h"
 #include "sketch/frame/printing.h"
+#include "sketch/frame/settings_wizard.h"
 #include "sketch/frame/sketch_ids.h"
+#include "sketch/frame/tool_bar.h"
 #include "sketch/model/error.h"
 
 namespace sketch {
@@ -35,6 +38,9 @@ Frame::Frame()
     Attr.Menu = IDM_SKETCH;
     Attr.AccelTable = IDA_SKETCH;
     SetIcon(GetModule(), IDI_SKETCH);
+    auto* const bar = new ToolBar(this);
+    bar->Attr.Id = IDC_BAR;
+    Insert(*bar, Top);
     m_status = new StatusLine(this);
     m_status->Attr.Id = IDC_STATUS;
     Insert(*m_status, Bottom);
@@ -46,6 +52,7 @@ Frame::Frame()
 void Frame::SetupWindow() {
     TFrameWindow::SetupWindow();
     m_recent.readFromINI();
+    m_view->Prefer(LoadPreferences(m_settings));
     m_shapes = std::make_unique<ShapeMenu>(*this, [this](int index) { m_view->SelectFigure(index); });
     m_service = std::make_unique<DdeService>(static_cast<Told&>(*this));
     ShowState();
@@ -73,12 +80,17 @@ void Frame::EvInitMenuPopup(HMENU menu, UINT position, bool systemMenu) {
     TFrameWindow::EvInitMenuPopup(menu, position, systemMenu);
 }
 
+void Frame::ShowHint(int, const std::string& text) {
+    m_hint = text;
+    ShowState();
+}
+
 void Frame::ShowState() {
     const std::string title = m_document.Title() + (m_document.IsChanged() ? "*" : "") + " - " + program;
     if (title != GetWindowText()) {
         SetWindowText(title);
     }
-    m_status->Show(m_view->Status());
+    m_status->Show(m_hint.empty() ? m_view->Status() : m_hint);
     if (m_service != nullptr) {
         m_service->Update();
     }
@@ -207,6 +219,14 @@ void Frame::CmAddPicture() {
     }
 }
 
+void Frame::CmSettings() {
+    Preferences preferences = m_view->Preferred();
+    if (RunSettingsWizard(this, preferences)) {
+        m_view->Prefer(preferences);
+        SavePreferences(m_settings, preferences);
+    }
+}
+
 void Frame::CmAbout() {
     LVXCentredDialog(this, IDD_ABOUT, nullptr).Execute();
 }
@@ -218,6 +238,7 @@ DEFINE_RESPONSE_TABLE1(Frame, owl::TFrameWindow)
         EV_COMMAND_AND_ID(CM_RECENT + 6, CmRecent), EV_COMMAND(CM_OPEN, CmOpen), EV_COMMAND(CM_SAVE, CmSave),
         EV_COMMAND(CM_SAVE_AS, CmSaveAs), EV_COMMAND(CM_PRINT, CmPrint),
         EV_COMMAND(CM_ADD_PICTURE, CmAddPicture), EV_COMMAND(CM_EXIT, CmExit), EV_COMMAND(CM_ABOUT, CmAbout),
+        EV_COMMAND(CM_SETTINGS, CmSettings),
 END_RESPONSE_TABLE;
 
 }  // namespace sketch

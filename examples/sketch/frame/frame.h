@@ -30,6 +30,9 @@ public:
     void EvCommandEnable(owl::TCommandEnabler& enabler) override;
     void EvInitMenuPopup(HMENU menu, UINT position, bool systemMenu);
 
+    /// What a button of the bar does, in the place of the status.
+    void ShowHint(int command, const std::string& text) override;
+
     void CmNew();
     void CmOpen();
     /// Of the recent files, by their commands.
@@ -39,6 +42,7 @@ public:
     void CmPrint();
     void CmAddPicture();
     void CmExit() { CloseWindow(); }
+    void CmSettings();
     void CmAbout();
 
 private:
@@ -74,6 +78,7 @@ private:
     owl::TPrinter m_printer;
     View* m_view;
     StatusLine* m_status;
+    std::string m_hint;
     LVXUtilities::Settings m_settings;
     LVXMRUList m_recent;
     // There are none before the window.

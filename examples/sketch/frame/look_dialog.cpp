@@ -21,4 +21,8 @@ bool LookDialog::CanClose() {
     return true;
 }
 
+DEFINE_RESPONSE_TABLE1(LookDialog, LVXCentredDialog)
+    EV_COMMAND(IDC_LINE_COLOUR_OTHER, BnLineColour), EV_COMMAND(IDC_FILL_COLOUR_OTHER, BnFillColour),
+END_RESPONSE_TABLE;
+
 }  // namespace sketch

@@ -17,9 +17,14 @@ public:
     bool CanClose() override;
 
 private:
+    void BnLineColour() { m_line.MakeColour(); }
+    void BnFillColour() { m_fill.MakeColour(); }
+
     Look m_look;
     LineFields m_line{*this};
     FillFields m_fill{*this};
+
+    DECLARE_RESPONSE_TABLE(LookDialog);
 };
 
 }  // namespace sketch

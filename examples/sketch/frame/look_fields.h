@@ -3,6 +3,7 @@
 
 #include "lvx/controls/int_edit.h"
 #include "owl/dialog.h"
+#include "sketch/frame/colour_field.h"
 #include "sketch/model/look.h"
 
 namespace sketch {
@@ -17,9 +18,12 @@ public:
     void Show(const Look& look);
     /// Reads it back. False, with the user told, if the width is wrong; `look` is as it was then.
     bool Read(Look& look);
+    /// Asks for a colour that is not in the list.
+    void MakeColour() { m_colour.Make(); }
 
 private:
     owl::TDialog& m_dialog;
+    ColourField m_colour;
     // Children are owned by their window.
     LVXIntEdit* m_width;
 };
@@ -28,13 +32,15 @@ private:
 class FillFields {
 public:
     /// Likewise over the controls IDC_FILL…
-    explicit FillFields(owl::TDialog& dialog) : m_dialog(dialog) {}
+    explicit FillFields(owl::TDialog& dialog);
 
     void Show(const Look& look);
     void Read(Look& look);
+    void MakeColour() { m_colour.Make(); }
 
 private:
     owl::TDialog& m_dialog;
+    ColourField m_colour;
 };
 
 }  // namespace sketch

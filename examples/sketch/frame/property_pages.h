@@ -58,8 +58,11 @@ public:
 private:
     void Show(const Properties& properties) override { m_fields.Show(properties.look); }
     bool Read(Properties& properties) override { return m_fields.Read(properties.look); }
+    void BnColour() { m_fields.MakeColour(); }
 
     LineFields m_fields{*this};
+
+    DECLARE_RESPONSE_TABLE(LinePage);
 };
 
 class FillPage : public PropertiesPage {
@@ -69,8 +72,11 @@ public:
 private:
     void Show(const Properties& properties) override { m_fields.Show(properties.look); }
     bool Read(Properties& properties) override;
+    void BnColour() { m_fields.MakeColour(); }
 
     FillFields m_fields{*this};
+
+    DECLARE_RESPONSE_TABLE(FillPage);
 };
 
 class FontPage : public PropertiesPage {

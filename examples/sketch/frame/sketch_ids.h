@@ -15,6 +15,8 @@
 #define IDD_FILL_PAGE 18
 #define IDD_FONT_PAGE 19
 #define IDD_PICTURE_PAGE 20
+#define IDD_WIZARD 21
+#define IDD_STEP_PAGE 22
 
 #define CM_NEW 100
 #define CM_OPEN 101
@@ -38,6 +40,7 @@
 #define CM_COPY 122
 #define CM_PASTE 123
 #define CM_PROPERTIES 124
+#define CM_SETTINGS 125
 
 #define CM_TOOL_SELECT 130
 #define CM_TOOL_RECTANGLE 131
@@ -75,6 +78,8 @@
 #define IDC_FILLED 223
 #define IDC_FILL_PATTERN 224
 #define IDC_FILL_COLOUR 225
+#define IDC_LINE_COLOUR_OTHER 226
+#define IDC_FILL_COLOUR_OTHER 227
 
 #define IDC_WORDS 230
 #define IDC_FONT 231
@@ -88,6 +93,11 @@
 #define IDC_NAME 244
 #define IDC_PICTURE_SIZE 245
 
+#define IDC_BACK 250
+#define IDC_NEXT 251
+#define IDC_STEP 252
+
 // The parts of the frame.
 #define IDC_VIEW 300
 #define IDC_STATUS 301
+#define IDC_BAR 302

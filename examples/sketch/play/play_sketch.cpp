@@ -1,5 +1,6 @@
 // Uses sketch.exe as a person does, by keys and mouse, for ./dev run where nobody sits at the screen: opens a
-// document of pictures, draws, turns, skews, saves, and opens what was saved.
+// document of pictures, turns, skews, draws, writes, copies, shows its dialogs, saves, and opens what was
+// saved.
 //
 // usage: play_sketch DOCUMENT SAVED     reads DOCUMENT, writes SAVED
 //
@@ -9,18 +10,12 @@
 #include <stdexcept>
 #include <string>
 
+#include "support/peer_process.h"
 #include "support/sketch_program.h"
 
 namespace {
 
 using user::Press;
-
-std::string FileBesideThisProgram(const char* name) {
-    char file[MAX_PATH] = "";
-    ::GetModuleFileNameA(nullptr, file, sizeof file);
-    const std::string program = file;
-    return program.substr(0, program.rfind('\\') + 1) + name;
-}
 
 void Check(bool isRight, const std::string& what) {
     if (!isRight) {
@@ -42,7 +37,7 @@ void Shoot(const std::string& name, HWND window) {
 class Play {
 public:
     Play(const std::string& document, std::string saved)
-        : m_sketch(FileBesideThisProgram("sketch.exe"), document), m_saved(std::move(saved)) {
+        : m_sketch(lvx_test::program_folder() + "sketch.exe", document), m_saved(std::move(saved)) {
         Check(m_sketch.ComeToFront(), "sketch.exe does not come to the front");
         ::MoveWindow(m_sketch.Frame(), 20, 20, 900, 640, TRUE);
     }
@@ -54,7 +49,11 @@ public:
         Shoot("4-menu", OpenMenu());
         CloseMenu();
         DrawShapes();
+        Write();
+        CopyAShape();
         ShowTheLookOfShapes();
+        ShowProperties();
+        ShowSettings();
         Save();
         Reopen();
         Leave();
@@ -100,6 +99,32 @@ private:
         Check(m_sketch.ShowsStatus("Polygon of 4 corners"), "there is no polygon: " + m_sketch.Status());
     }
 
+    void Write() {
+        Press({VK_F6});
+        m_sketch.ClickAt(620, 300);
+        const HWND dialog = m_sketch.Dialog("Text");
+        user::Type("Good day");
+        Shoot("5-words", m_sketch.Frame());
+        Press({VK_RETURN});
+        Check(m_sketch.IsGone(dialog), "the dialog does not close");
+        Check(m_sketch.ShowsStatus("Text \"Good day\", Arial, 18 points"),
+              "nothing was written: " + m_sketch.Status());
+    }
+
+    // Through the clipboard.
+    void CopyAShape() {
+        Press({VK_SHIFT, VK_TAB});
+        Press({VK_CONTROL, 'C'});
+        Press({VK_CONTROL, 'V'});
+        m_sketch.Pull({500, 370}, {700, 390});
+        Check(m_sketch.ShowsStatus("Polygon of 4 corners"), "nothing was pasted: " + m_sketch.Status());
+    }
+
+    void ShowProperties() { ShowDialog({VK_MENU, VK_RETURN}, "Properties", "7-properties"); }
+    void ShowSettings() {
+        ShowDialog({VK_CONTROL, 'G'}, "Settings, step 1 of 4: lines of new shapes", "8-settings");
+    }
+
     void SetLook(const char* colour) {
         Press({VK_CONTROL, 'L'});
         const HWND dialog = m_sketch.Dialog("Line and Fill");
@@ -126,10 +151,11 @@ private:
               "the menu does not close");
     }
 
-    void ShowTheLookOfShapes() {
-        Press({VK_CONTROL, 'L'});
-        const HWND dialog = m_sketch.Dialog("Line and Fill");
-        Shoot("5-line-and-fill", m_sketch.Frame());
+    void ShowTheLookOfShapes() { ShowDialog({VK_CONTROL, 'L'}, "Line and Fill", "6-line-and-fill"); }
+    void ShowDialog(std::initializer_list<WORD> keys, const char* title, const char* picture) {
+        Press(keys);
+        const HWND dialog = m_sketch.Dialog(title);
+        Shoot(picture, m_sketch.Frame());
         Press({VK_ESCAPE});
         Check(m_sketch.IsGone(dialog), "the dialog does not close");
     }
@@ -145,7 +171,7 @@ private:
         Press({VK_CONTROL, 'O'});
         Check(m_sketch.ChooseFile("Open", m_saved), "the dialog does not close");
         Check(m_sketch.ShowsTitle(Name() + " - Sketch"), "it is not opened: " + m_sketch.Title());
-        Shoot("6-reopened", m_sketch.Frame());
+        Shoot("9-reopened", m_sketch.Frame());
     }
 
     void Leave() {

@@ -259,7 +259,7 @@ void View::EvKeyDown(UINT key, UINT repeat, UINT flags) {
 }
 
 bool View::AnswerArrow(UINT key) {
-    const int way = IsDown(VK_CONTROL) ? 1 : 8;
+    const int way = IsDown(VK_CONTROL) ? 1 : m_preferred.step;
     switch (key) {
         case VK_LEFT:
             Nudge({-way, 0});

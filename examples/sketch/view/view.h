@@ -9,6 +9,7 @@
 #include "lvx/drawing/my_font.h"
 #include "lvx/drawing/port.h"
 #include "owl/window.h"
+#include "sketch/frame/preferences.h"
 #include "sketch/model/document.h"
 #include "sketch/model/picture.h"
 #include "sketch/model/properties.h"
@@ -45,8 +46,11 @@ public:
     bool ChangeLook(const std::function<void(Look&)>& change);
     /// Puts `figure` on top and selects it.
     void PutFigure(const FigurePointer& figure) { Add(figure); }
-    const Look& LookToCome() const { return m_look; }
-    const myFont& FontToCome() const { return m_font; }
+    const Look& LookToCome() const { return m_preferred.look; }
+    const myFont& FontToCome() const { return m_preferred.font; }
+    /// What shapes and texts to come are like, and how far arrows move.
+    const Preferences& Preferred() const { return m_preferred; }
+    void Prefer(const Preferences& preferences) { m_preferred = preferences; }
     void AddPicture(const std::string& file);
 
     void SetupWindow() override;
@@ -109,7 +113,7 @@ private:
     void Add(const FigurePointer& figure) override;
     void AddText(const owl::TPoint& place) override;
     void ChangeSelected() override;
-    const Look& CurrentLook() const override { return m_look; }
+    const Look& CurrentLook() const override { return m_preferred.look; }
     void Redraw() override { Invalidate(false); }
     owl::TRect Visible() const override;
 
@@ -148,9 +152,7 @@ private:
     // Behind the sheet, which it draws on.
     LVX::Port m_port{m_sheet};
     Scroller m_scroller;
-    Look m_look;
-    // Of the text to come.
-    myFont m_font{"Arial", 18, false, false, false, false};
+    Preferences m_preferred;
     int m_selected = none;
     FigurePointer m_preview;
     std::unique_ptr<Tool> m_tool;

@@ -42,7 +42,8 @@ bool View::CopySelected() {
 
 void View::CmPaste() {
     try {
-        const std::shared_ptr<Figure> pasted = PasteFigure(GetHandle(), m_font, m_look, Visible().TopLeft());
+        const std::shared_ptr<Figure> pasted =
+            PasteFigure(GetHandle(), m_preferred.font, m_preferred.look, Visible().TopLeft());
         if (pasted == nullptr) {
             TellUser("There is nothing to paste, or the clipboard is in use by another program.");
             return;

@@ -34,12 +34,12 @@ const Text* View::SelectedText() const {
 }
 
 void View::AddText(const owl::TPoint& place) {
-    TextDialog dialog(this, "", m_font);
+    TextDialog dialog(this, "", m_preferred.font);
     if (dialog.Execute() != IDOK) {
         return;
     }
-    m_font = dialog.Font();
-    Add(std::make_shared<Text>(dialog.Words(), m_font, m_look, place));
+    m_preferred.font = dialog.Font();
+    Add(std::make_shared<Text>(dialog.Words(), m_preferred.font, m_preferred.look, place));
 }
 
 void View::CmUndo() {
@@ -84,12 +84,12 @@ void View::MoveSelected(int index) {
 // Of the selected shape, and of those to come.
 void View::CmLook() {
     const Look* const selectedLook = SelectedLook();
-    LookDialog dialog(this, selectedLook != nullptr ? *selectedLook : m_look);
+    LookDialog dialog(this, selectedLook != nullptr ? *selectedLook : m_preferred.look);
     if (dialog.Execute() != IDOK) {
         return;
     }
-    m_look = dialog.Chosen();
-    ChangeLook([this](Look& look) { look = m_look; });
+    m_preferred.look = dialog.Chosen();
+    ChangeLook([this](Look& look) { look = m_preferred.look; });
 }
 
 std::string View::SelectedDescription() const {
@@ -120,8 +120,8 @@ void View::CmProperties() {
         return;
     }
     if (selected == nullptr) {
-        m_look = properties.look;
-        m_font = properties.font;
+        m_preferred.look = properties.look;
+        m_preferred.font = properties.font;
         return;
     }
     const std::shared_ptr<Figure> changed = selected->Clone();
@@ -134,9 +134,9 @@ void View::CmProperties() {
 Properties View::PropertiesToCome() const {
     Properties properties;
     properties.hasLook = true;
-    properties.look = m_look;
+    properties.look = m_preferred.look;
     properties.hasFont = true;
-    properties.font = m_font;
+    properties.font = m_preferred.font;
     return properties;
 }
 
@@ -149,9 +149,9 @@ void View::CmText() {
     if (dialog.Execute() != IDOK) {
         return;
     }
-    m_font = dialog.Font();
+    m_preferred.font = dialog.Font();
     const auto changed = std::make_shared<Text>(*selected);
-    changed->Write(dialog.Words(), m_font);
+    changed->Write(dialog.Words(), m_preferred.font);
     Replace(changed);
 }
 
