@@ -24,6 +24,16 @@ char hot_key_of(const std::string& text) {
     return 0;
 }
 
+std::string shown_text(const std::string& text) {
+    std::string shown;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        if (text[at] == '&' && ++at == text.size())
+            break;
+        shown += text[at] == '\r' ? ' ' : text[at];
+    }
+    return shown;
+}
+
 std::string text_of_control(HWND control) {
     if (control == nullptr)
         return {};

@@ -14,6 +14,9 @@ namespace lvx::propdlg {
 /// none.
 char hot_key_of(const std::string& text);
 
+/// `text` as it is shown: without the marks of hot keys, on one line.
+std::string shown_text(const std::string& text);
+
 /// The character of a key that is held down just now, Alt aside, in upper case; 0 if no such key has one.
 char pressed_key();
 

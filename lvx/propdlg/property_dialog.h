@@ -83,7 +83,6 @@ public:
     void SizeTabWnd(owl::TRect& rect);
     void SetActiveColor(owl::TColor color);
     void SetFixedTabWidth(int width);
-    /// Requires a strip.
     void SetWideMarginWidth(int width);
 
     /// Sends a message to all pages in order. The last answer; 0 without pages.

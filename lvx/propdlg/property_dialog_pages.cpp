@@ -55,7 +55,8 @@ void TPropertyDialog::SetFixedTabWidth(int width) {
 }
 
 void TPropertyDialog::SetWideMarginWidth(int width) {
-    TabControl->SetWideMarginWidth(width);
+    if (TabControl != nullptr)
+        TabControl->SetWideMarginWidth(width);
 }
 
 LRESULT TPropertyDialog::SendMsgToEachPage(UINT msg, WPARAM wParam, LPARAM lParam) {

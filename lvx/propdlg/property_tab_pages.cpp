@@ -136,6 +136,7 @@ bool TPropertyTab::SelectTab(int tab) {
     Arithmetic(*this)->BringRowForward(tab);
     SelectedTab = tab;
     Arithmetic(*this)->ShowSelection(former, scrolled);
+    TellScreenReaders(EVENT_OBJECT_SELECTION, tab);
     SetPageFocus(true);
     // Messages were handled: one of them may have closed the dialog.
     if (!is_alive(this))

@@ -14,6 +14,7 @@ using propdlg_test::PropertyDesk;
 
 using lvx::propdlg::hot_key_of;
 using lvx::propdlg::pressed_key;
+using lvx::propdlg::shown_text;
 
 // The state of the keyboard as this thread sees it.
 void hold(std::initializer_list<int> keys) {
@@ -49,6 +50,14 @@ TEST(hot_key, is_not_marked_by_a_pair_of_ampersands) {
 
 TEST(hot_key, is_the_first_of_several) {
     EXPECT_EQ('A', hot_key_of("&a&b"));
+}
+
+TEST(hot_key, does_not_show) {
+    EXPECT_EQ("Line", shown_text("&Line"));
+    EXPECT_EQ("R & D", shown_text("R && D"));
+    EXPECT_EQ("two lines", shown_text("two\rlines"));
+    EXPECT_EQ("end", shown_text("end&"));
+    EXPECT_EQ("", shown_text(""));
 }
 
 TEST_F(HotKeys, a_key_that_is_held_gives_its_character_in_upper_case) {
