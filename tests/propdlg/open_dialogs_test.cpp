@@ -1,4 +1,5 @@
-// Dialogs with tabs among other windows: several at once, in an MDI child, above an owner that goes; by real keys.
+// Dialogs with tabs among other windows: several at once, in an MDI child, above an owner that goes; by real
+// keys.
 #include <gtest/gtest.h>
 
 #include "owl/mdi.h"

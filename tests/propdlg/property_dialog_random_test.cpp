@@ -1,5 +1,5 @@
-// A random user and host beside a second coding of the rules: which tab is selected, which pages have windows and
-// which of those show, and how often each has saved.
+// A random user and host beside a second coding of the rules: which tab is selected, which pages have windows
+// and which of those show, and how often each has saved.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -114,7 +114,8 @@ public:
                 m_dialog.Strip().SetTabText(Below(tabs), Below(2) == 0 ? "&Short" : "A rather long caption");
                 break;
             case 7:
-                m_dialog.SetWindowPos(nullptr, 0, 0, 100 + Below(400), 60 + Below(300), SWP_NOMOVE | SWP_NOZORDER);
+                m_dialog.SetWindowPos(nullptr, 0, 0, 100 + Below(400), 60 + Below(300),
+                                      SWP_NOMOVE | SWP_NOZORDER);
                 break;
             default:
                 if (Below(10) == 0)
@@ -127,7 +128,8 @@ public:
         EXPECT_EQ(m_rules.selected, m_dialog.Strip().GetSelectedTab());
         for (std::size_t i = 0; i < tabs; ++i) {
             EXPECT_EQ(m_rules.exists[i], m_pages[i]->IsWindow()) << i;
-            EXPECT_EQ(m_rules.shows[i], m_pages[i]->IsWindow() && (m_pages[i]->GetStyle() & WS_VISIBLE) != 0) << i;
+            EXPECT_EQ(m_rules.shows[i], m_pages[i]->IsWindow() && (m_pages[i]->GetStyle() & WS_VISIBLE) != 0)
+                << i;
             EXPECT_EQ(m_rules.saved[i], m_pages[i]->saved) << i;
         }
     }
