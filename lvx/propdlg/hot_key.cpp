@@ -13,4 +13,14 @@ char marked_letter(std::string_view caption) {
     return 0;
 }
 
+std::string shown_text(std::string_view caption) {
+    std::string shown;
+    for (std::size_t i = 0; i < caption.size(); ++i) {
+        if (caption[i] == '&' && ++i == caption.size())
+            break;
+        shown += caption[i] == '\r' ? ' ' : caption[i];
+    }
+    return shown;
+}
+
 }  // namespace lvx::propdlg

@@ -99,10 +99,12 @@ bool TPropertyTab::IsTabVisible(int tab) {
 
 void TPropertyTab::EnableTab(int tab, bool enable) {
     Arithmetic(*this)->EnableTab(tab, enable);
+    TellScreenReaders(EVENT_OBJECT_STATECHANGE, tab);
 }
 
 void TPropertyTab::SetTabText(int tab, const char* text) {
     Arithmetic(*this)->SetTabText(tab, text);
+    TellScreenReaders(EVENT_OBJECT_NAMECHANGE, tab);
 }
 
 int TPropertyTab::CalcTabWidth(owl::TDC& dc, int tab) {

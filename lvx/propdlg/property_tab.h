@@ -143,6 +143,9 @@ private:
     void CloseAgainstPage(owl::TDC& dc, int from, int to, int y);
     void FillRowEnd(owl::TDC& dc, int x, const owl::TRect& row);
     void InvalidateFocusMark();
+    LRESULT EvGetObject(WPARAM flags, LPARAM object);
+    LRESULT EvChooseTab(WPARAM tab, LPARAM);
+    void TellScreenReaders(DWORD event, int tab) const;
     TPropertyDialog* Dialog() const;
     LVXPropertyPage* SelectedPage() const;
     static bool IsOpen(const TPropertyTab* strip);

@@ -1,4 +1,5 @@
 // What a strip does with the mouse, the keys, the focus and its size.
+#include "lvx/propdlg/accessible_tabs.h"
 #include "lvx/propdlg/property_page.h"
 #include "lvx/propdlg/property_tab.h"
 #include "lvx/propdlg/shared_state.h"
@@ -6,7 +7,8 @@
 
 DEFINE_RESPONSE_TABLE1(TPropertyTab, owl::TControl)
     EV_WM_LBUTTONDOWN, EV_WM_RBUTTONDOWN, EV_WM_SIZE, EV_WM_SETFOCUS, EV_WM_KILLFOCUS, EV_WM_KEYDOWN,
-        EV_WM_GETDLGCODE,
+        EV_WM_GETDLGCODE, EV_MESSAGE(WM_GETOBJECT, EvGetObject),
+        EV_REGISTERED(lvx::propdlg::choose_message, EvChooseTab),
 END_RESPONSE_TABLE;
 
 void TPropertyTab::EvLButtonDown(UINT, const owl::TPoint& point) {
@@ -85,4 +87,26 @@ LRESULT TPropertyTab::EvCommand(UINT id, HWND control, UINT notifyCode) {
     if (control == nullptr && Parent != nullptr)
         return Parent->EvCommand(id, control, notifyCode);
     return TControl::EvCommand(id, control, notifyCode);
+}
+
+// A wizard shows no tabs that could be told of.
+LRESULT TPropertyTab::EvGetObject(WPARAM flags, LPARAM object) {
+    if (static_cast<LONG>(object) != OBJID_CLIENT || Tab::Has(Style, Tab::WizardFrame))
+        return DefaultProcessing();
+    auto* const tabs = new lvx::propdlg::AccessibleTabs(*this);
+    const LRESULT answer = ::LresultFromObject(__uuidof(IAccessible), flags, tabs);
+    tabs->Release();
+    return answer;
+}
+
+LRESULT TPropertyTab::EvChooseTab(WPARAM tab, LPARAM) {
+    const int index = static_cast<int>(tab);
+    if (index >= 0 && index < GetEntryCount() && IsTabEnabled(index))
+        SelectTab(index);
+    return 0;
+}
+
+void TPropertyTab::TellScreenReaders(DWORD event, int tab) const {
+    if (IsWindow())
+        ::NotifyWinEvent(event, GetHandle(), OBJID_CLIENT, tab + 1);
 }

@@ -101,6 +101,7 @@ void TPropertyTab::ChangeTo(int tab) {
     Arithmetic(*this)->BringRowForward(tab);
     SelectedTab = tab;
     Arithmetic(*this)->ShowSelection(former, scrolled);
+    TellScreenReaders(EVENT_OBJECT_SELECTION, tab);
 }
 
 void TPropertyTab::LeavePage(LVXPropertyPage& page) {

@@ -5,6 +5,7 @@
 namespace {
 
 using lvx::propdlg::marked_letter;
+using lvx::propdlg::shown_text;
 
 TEST(HotKey, is_the_letter_behind_the_ampersand) {
     EXPECT_EQ('L', marked_letter("&Line"));
@@ -40,6 +41,14 @@ TEST(HotKey, may_be_any_character) {
     EXPECT_EQ('1', marked_letter("Step &1"));
     EXPECT_EQ(' ', marked_letter("Tom & Jerry"));
     EXPECT_EQ('\xC4', marked_letter("&\xC4ndern"));
+}
+
+TEST(HotKey, does_not_show) {
+    EXPECT_EQ("Line", shown_text("&Line"));
+    EXPECT_EQ("R & D", shown_text("R && D"));
+    EXPECT_EQ("two lines", shown_text("two\rlines"));
+    EXPECT_EQ("end", shown_text("end&"));
+    EXPECT_EQ("", shown_text(""));
 }
 
 }  // namespace

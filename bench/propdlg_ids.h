@@ -1,0 +1,4 @@
+#pragma once
+
+#define IDD_BENCH_DIALOG 100
+#define IDD_BENCH_PAGE 101
