@@ -123,6 +123,8 @@ public:
     void EvSysColorChange();
 
 protected:
+    /// Calls `body` for each gadget, in their order; not for those that are gone by then.
+    void ForEachGadget(const std::function<void(TGadget&)>& body);
     /// Puts each gadget in its place.
     virtual void TileGadgets();
     const char* GetClassName() override;
@@ -135,7 +137,6 @@ private:
 
     std::vector<TGadget*>::const_iterator Position(const TGadget* gadget) const;
     bool Holds(const TGadget* gadget) const;
-    void ForEachGadget(const std::function<void(TGadget&)>& body);
     bool HasFunctionFor(UINT event, UINT id, UINT notifyCode = 0);
     void LetGoOf(const TGadget& gadget);
     TGadget* TakeOut(TGadget& gadget);

@@ -6,8 +6,10 @@
 #ifdef _WIN32
 
 #include "lvx/controls/bitmaps.h"
+#include "lvx/controls/button_gadget.h"
 #include "lvx/controls/centred_dialog.h"
 #include "lvx/controls/combo_box.h"
+#include "lvx/controls/control_bar.h"
 #include "lvx/controls/custom_colour_dialog.h"
 #include "lvx/controls/edit.h"
 #include "lvx/controls/enabler_dialog.h"

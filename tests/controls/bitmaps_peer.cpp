@@ -4,6 +4,8 @@
 // Exits with 0, or with the number of what is not as it should be.
 #include <windows.h>
 
+#include <cstring>
+
 namespace {
 
 HMODULE library;
@@ -22,6 +24,17 @@ void** button() {
     return find<void** (*)()>("_ZN7bitmaps2okEv")();
 }
 
+/// What a picture is, as far as this program knows it: to call a member function as the compiler does.
+class Picture {};
+
+HBITMAP handle_of(const void* picture) {
+    using GetBitmap = HBITMAP (Picture::*)(int) const;
+    const auto address = find<void*>("_ZNK9LVXBitmap9getBitmapEi");
+    GetBitmap getBitmap = nullptr;
+    std::memcpy(&getBitmap, &address, sizeof address);
+    return (static_cast<const Picture*>(picture)->*getBitmap)(0);
+}
+
 int check() {
     auto** const kept_icon = find<void**>("_ZN7bitmaps4quesE");
     auto** const kept_button = find<void**>("_ZN7bitmaps6okbmpsE");
@@ -31,11 +44,8 @@ int check() {
     if (*kept_icon != nullptr || kept_button[0] != nullptr) {
         return 3;  // made without being asked for
     }
-    // On x86 the object's address of a member function goes a way of its own.
-    using GetBitmap = HBITMAP(__thiscall*)(const void*, int);
-    const auto handle_of = find<GetBitmap>("_ZNK9LVXBitmap9getBitmapEi");
-    const HBITMAP handles[] = {handle_of(icon(), 0), handle_of(button()[0], 0), handle_of(button()[1], 0),
-                               handle_of(button()[3], 0)};
+    const HBITMAP handles[] = {handle_of(icon()), handle_of(button()[0]), handle_of(button()[1]),
+                               handle_of(button()[3])};
     for (int i = 0; i < 4; ++i) {
         if (::GetObjectType(handles[i]) != OBJ_BITMAP) {
             return 10 + i;

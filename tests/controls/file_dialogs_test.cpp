@@ -8,6 +8,7 @@
 #include <type_traits>
 
 #include "controls/dialog_ids.h"
+#include "controls/settled.h"
 #include "support/temp_folder.h"
 #include "tests/owl/driven_dialog.h"
 
@@ -31,9 +32,7 @@ public:
 template <class Dialog>
 struct FileDialogs : testing::Test {
     FileDialogs() {
-        desk.frame->MoveWindow(owl::TRect(50, 40, 1001, 901));
-        desk.frame->ShowWindow(SW_SHOW);
-        desk::Activate(*desk.frame);
+        settled::Show(*desk.frame, owl::TRect(50, 40, 1001, 901));
         std::ofstream(folder.File("a.txt")) << "contents";
         data.Filter = "Text|*.txt|Logs|*.log|All|*.*";
         data.InitialDir = folder.Path();

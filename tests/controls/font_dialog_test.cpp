@@ -6,6 +6,7 @@
 #include <functional>
 #include <limits>
 
+#include "controls/settled.h"
 #include "lvx/drawing/my_font.h"
 #include "tests/owl/driven_dialog.h"
 
@@ -88,11 +89,7 @@ LONG kind_of(HWND dialog, int box) {
 }
 
 struct FontDialog : testing::Test {
-    FontDialog() {
-        desk.frame->MoveWindow(owl::TRect(100, 100, 900, 800));
-        desk.frame->ShowWindow(SW_SHOW);
-        desk::Activate(*desk.frame);
-    }
+    FontDialog() { settled::Show(*desk.frame, owl::TRect(100, 100, 900, 800)); }
 
     bool Show(FontOptions theOptions, const std::function<void(HWND)>& visit) {
         options = theOptions;

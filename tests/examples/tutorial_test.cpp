@@ -98,3 +98,15 @@ TEST(Tutorial, leaves_nothing_of_the_program_untold) {
 TEST(Tutorial, tells_of_a_program_of_less_than_sixty_lines) {
     EXPECT_GT(60U, lines_of(file_of_tree("examples/hello/hello.cpp")).size());
 }
+
+TEST(PageOfDialogs, quotes_the_program_as_it_is) {
+    EXPECT_EQ(5U, quotes_that_stand("docs/dialogs.md", "cpp dialogs.cpp", "examples/dialogs/dialogs.cpp"));
+    EXPECT_EQ(1U, quotes_that_stand("docs/dialogs.md", "rc dialogs.rc", "examples/dialogs/dialogs.rc"));
+}
+
+TEST(PageOfToolbars, quotes_the_program_as_it_is) {
+    EXPECT_EQ(3U, quotes_that_stand("docs/toolbar.md", "cpp aligned_text.cpp",
+                                    "examples/aligned_text/aligned_text.cpp"));
+    EXPECT_EQ(2U, quotes_that_stand("docs/toolbar.md", "rc aligned_text.rc",
+                                    "examples/aligned_text/aligned_text.rc"));
+}
