@@ -95,6 +95,10 @@ struct PagesOnDemand : OwnDialog {
     PagesOnDemand() : OwnDialog(Tab::WideMargins | Tab::CreateOnDemandAndKeepIt) {}
 };
 
+INT_PTR CALLBACK NoAnswer(HWND, UINT, WPARAM, LPARAM) {
+    return FALSE;
+}
+
 /// The system's property sheet; it makes pages when they are selected, unless it is told to be premature.
 class Sheet {
 public:
@@ -111,7 +115,7 @@ public:
             page.hInstance = ::GetModuleHandleA(nullptr);
             page.pszTemplate = reinterpret_cast<const char*>(static_cast<ULONG_PTR>(IDD_BENCH_PAGE));
             page.pszTitle = "&Page";
-            page.pfnDlgProc = [](HWND, UINT, WPARAM, LPARAM) -> INT_PTR { return FALSE; };
+            page.pfnDlgProc = &NoAnswer;
         }
         PROPSHEETHEADERA header{};
         header.dwSize = sizeof header;

@@ -92,6 +92,10 @@ void Show(const Look& look) {
     Properties(stage.application.GetMainWindow(), look).Execute();
 }
 
+INT_PTR CALLBACK NoAnswer(HWND, UINT, WPARAM, LPARAM) {
+    return FALSE;
+}
+
 void ShowSheet(const std::vector<const char*>& tabs) {
     const Stage stage;
     std::vector<PROPSHEETPAGEA> pages(tabs.size());
@@ -103,7 +107,7 @@ void ShowSheet(const std::vector<const char*>& tabs) {
         pages[i].pszTemplate =
             reinterpret_cast<const char*>(static_cast<ULONG_PTR>(pages_in_turn[i % pages_in_turn.size()]));
         pages[i].pszTitle = tabs[i];
-        pages[i].pfnDlgProc = [](HWND, UINT, WPARAM, LPARAM) -> INT_PTR { return FALSE; };
+        pages[i].pfnDlgProc = &NoAnswer;
     }
     PROPSHEETHEADERA sheet{};
     sheet.dwSize = sizeof sheet;
