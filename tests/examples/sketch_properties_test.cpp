@@ -1,6 +1,7 @@
 // The example host as its user sees it: the dialog with tabs for the properties of a figure.
 #include <gtest/gtest.h>
 
+#include "support/child_windows.h"
 #include "support/sketch_session.h"
 
 namespace {
@@ -29,37 +30,17 @@ protected:
     }
     // The field of the page that is to be seen.
     static HWND Field(HWND dialog, int id) {
-        struct Search {
-            int id;
-            HWND found;
-        } search{id, nullptr};
-        WaitUntil(
-            [&] {
-                ::EnumChildWindows(
-                    dialog,
-                    [](HWND window, LPARAM data) -> BOOL {
-                        auto& wanted = *reinterpret_cast<Search*>(data);
-                        if (::GetDlgCtrlID(window) == wanted.id && ::IsWindowVisible(window))
-                            wanted.found = window;
-                        return wanted.found == nullptr;
-                    },
-                    reinterpret_cast<LPARAM>(&search));
-                return search.found != nullptr;
-            },
-            3000);
-        return search.found;
+        HWND found = nullptr;
+        const auto fits = [id](HWND window) { return ::GetDlgCtrlID(window) == id; };
+        WaitUntil([&] { return (found = user::FindShownChild(dialog, fits)) != nullptr; }, 3000);
+        return found;
     }
     static bool IsSeen(HWND dialog, int id) { return Field(dialog, id) != nullptr; }
     // Puts text into a field by clicking there and typing.
     static void Enter(HWND dialog, int id, const std::string& text) {
         const HWND field = Field(dialog, id);
         ASSERT_NE(nullptr, field);
-        user::Click(field);
-        WaitUntil([&] { return user::FocusOf(field) == field; }, 2000);
-        Press({VK_HOME});
-        Press({VK_SHIFT, VK_END});
-        Press({VK_DELETE});
-        user::Type(text);
+        user::TypeAnew(field, text);
     }
     void Agree(HWND dialog) const {
         Press({VK_RETURN});

@@ -1,6 +1,7 @@
 // The example host as its user sees it: the settings that a wizard asks for.
 #include <gtest/gtest.h>
 
+#include "support/child_windows.h"
 #include "support/sketch_session.h"
 
 namespace {
@@ -32,24 +33,13 @@ protected:
     static void ClickOn(HWND wizard, int button) { user::Click(::GetDlgItem(wizard, button)); }
     // The only page's field that is to be seen gets a text.
     static void Enter(HWND wizard, const char* text) {
-        HWND field = nullptr;
-        ::EnumChildWindows(
-            wizard,
-            [](HWND window, LPARAM data) -> BOOL {
-                char name[20] = "";
-                ::GetClassNameA(window, name, sizeof name);
-                if (::lstrcmpiA(name, "edit") == 0 && ::IsWindowVisible(window))
-                    *reinterpret_cast<HWND*>(data) = window;
-                return TRUE;
-            },
-            reinterpret_cast<LPARAM>(&field));
+        const HWND field = user::FindShownChild(wizard, [](HWND window) {
+            char name[20] = "";
+            ::GetClassNameA(window, name, sizeof name);
+            return ::lstrcmpiA(name, "edit") == 0;
+        });
         ASSERT_NE(nullptr, field);
-        user::Click(field);
-        WaitUntil([&] { return user::FocusOf(field) == field; }, 2000);
-        Press({VK_HOME});
-        Press({VK_SHIFT, VK_END});
-        Press({VK_DELETE});
-        user::Type(text);
+        user::TypeAnew(field, text);
     }
 };
 
