@@ -86,6 +86,18 @@ TEST_F(SketchDde, tells_how_many_shapes_there_are_and_which_is_selected) {
     EXPECT_EQ("refused", Get("Weight"));
 }
 
+// An atom keeps the case in which somebody in the system said it first.
+TEST_F(SketchDde, knows_its_items_in_any_case) {
+    const ATOM atoms[] = {::GlobalAddAtomA("cOUNT"), ::GlobalAddAtomA("fILL")};
+    DrawARectangle();
+    EXPECT_EQ("1", Get("Count"));
+    EXPECT_EQ("1", Get("COUNT"));
+    EXPECT_TRUE(Set("Fill", "#00FF00"));
+    EXPECT_TRUE(Shows(RGB(0, 255, 0), 160, 160));
+    for (const ATOM atom : atoms)
+        ::GlobalDeleteAtom(atom);
+}
+
 TEST_F(SketchDde, lets_items_be_set) {
     DrawARectangle();
     EXPECT_TRUE(Set("Fill", "#00FF00"));

@@ -12,12 +12,15 @@ constexpr const char* topic_name = "Drawing";
 // Who does not answer holds up the program's end that long, in milliseconds.
 constexpr unsigned short longest_wait = 1000;
 
-// The names of applications and topics are atoms, which know no case.
 bool IsNamed(const char* name, const char* wanted) {
     return name == nullptr || ::lstrcmpiA(name, wanted) == 0;
 }
 
 }  // namespace
+
+bool WithoutCase::operator()(const std::string& left, const std::string& right) const {
+    return ::lstrcmpiA(left.c_str(), right.c_str()) < 0;
+}
 
 int DdeService::Server::rcvInitiate(const char* application, const char* topic, void* clientWindow) {
     return LVXDdeServer::rcvInitiate(application != nullptr ? application : application_name,
@@ -40,8 +43,9 @@ void DdeService::Update() {
     // Others are told while this goes on, and may ask: they get what is true already.
     const Items before = std::exchange(m_told, now);
     for (const auto& [name, value] : now) {
-        if (before.at(name) != value) {
-            m_server.updateItem(name.c_str());
+        const auto link = m_linked.find(name);
+        if (link != m_linked.end() && before.at(name) != value) {
+            m_server.updateItem(link->second.c_str());
         }
     }
 }
@@ -52,7 +56,7 @@ bool DdeService::ddeEvent(LVXDde* dde) {
         case DdeInitiate:
             return IsOurs(server);
         case DdeAdvise:
-            return Has(*dde);
+            return Has(*dde) && Link(*dde);
         case DdeRequest:
             return Has(*dde) && Supply(server);
         case DdePoke:
@@ -72,6 +76,12 @@ bool DdeService::Has(const LVXDde& dde) const {
     return dde.item() != nullptr && dde.format() == CF_TEXT && m_told.contains(dde.item());
 }
 
+// As long as a partner has the atom, all have it in the same case.
+bool DdeService::Link(const LVXDde& dde) {
+    m_linked[dde.item()] = dde.item();
+    return true;
+}
+
 bool DdeService::Supply(LVXDdeServer& server) const {
     const Items now = m_host.PresentItems();
     return server.sendItem(server.item(), now.at(server.item()).c_str(), CF_TEXT);
@@ -79,11 +89,11 @@ bool DdeService::Supply(LVXDdeServer& server) const {
 
 // An item is set by the command that sets it.
 bool DdeService::Poke(const LVXDde& dde) {
-    const std::string item = dde.item();
+    static const Items command_of{{"Selected", "select"}, {"Colour", "line"}, {"Fill", "fill"}};
     const std::string value = static_cast<const char*>(dde.dataItem());
-    const std::string command = item == "Selected" ? "select" : item == "Colour" ? "line" : "fill";
-    const bool isSettable = item == "Selected" || item == "Colour" || item == "Fill";
-    return isSettable && !m_host.IsBusy() && RunCommands(command + "(\"" + value + "\")", m_host);
+    const auto command = command_of.find(dde.item());
+    return command != command_of.end() && !m_host.IsBusy() &&
+           RunCommands(command->second + "(\"" + value + "\")", m_host);
 }
 
 }  // namespace sketch

@@ -3,14 +3,21 @@
 #pragma once
 
 #include <map>
+#include <string>
 
 #include "lvx/exchange/dde_server.h"
 #include "sketch/frame/commands.h"
 
 namespace sketch {
 
+/// Sorts the names of applications, topics and items. They are atoms, which know no case and come in that of
+/// whoever in the whole system was the first to say them.
+struct WithoutCase {
+    bool operator()(const std::string& left, const std::string& right) const;
+};
+
 /// What there is to ask for, by name; always the same names.
-using Items = std::map<std::string, std::string>;
+using Items = std::map<std::string, std::string, WithoutCase>;
 
 /// Who has the items.
 class Told : public Commanded {
@@ -45,11 +52,14 @@ private:
     bool ddeEvent(LVXDde* dde) override;
     static bool IsOurs(const LVXDdeServer& server);
     bool Has(const LVXDde& dde) const;
+    bool Link(const LVXDde& dde);
     bool Supply(LVXDdeServer& server) const;
     bool Poke(const LVXDde& dde);
 
     Told& m_host;
     Items m_told;
+    // The items that somebody was linked to, as the links are named.
+    Items m_linked;
     Server m_server;
 };
 
