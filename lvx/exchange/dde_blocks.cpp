@@ -86,10 +86,10 @@ ItemAndBlock item_and_block(UINT message, LPARAM lParam) {
     if (!is_packed(lParam) || !::UnpackDDElParam(message, lParam, &low, &high)) {
         return {0, nullptr};
     }
-    if (!is_block(high) && is_block(low)) {
+    if (!is_block(high) && (is_block(low) || as_atom(low) == 0)) {
         std::swap(low, high);
     }
-    return {as_atom(low), reinterpret_cast<HGLOBAL>(high)};
+    return {as_atom(low), is_block(high) ? reinterpret_cast<HGLOBAL>(high) : nullptr};
 }
 
 bool is_of_another_process(HWND window) {

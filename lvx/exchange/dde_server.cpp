@@ -173,10 +173,19 @@ void LVXDdeServer::rcvTerminate() {
     }
     const Handling handling(*this);
     const bool closing = m_closing;
-    LVXDde::rcvTerminate();
-    if (!closing && !handling.Gone() && m_master != nullptr) {
-        EndSelf();
+    const auto end = [&] {
+        if (!closing && !handling.Gone() && m_master != nullptr) {
+            EndSelf();
+        }
+    };
+    // Also if the client throws: there is no partner any more.
+    try {
+        LVXDde::rcvTerminate();
+    } catch (...) {
+        end();
+        throw;
     }
+    end();
 }
 
 // Functions of this object that are under way find it in place, but without partner, master and window.

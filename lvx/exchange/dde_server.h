@@ -117,7 +117,7 @@ protected:
     void serve(LVXDdeServer* master);
     /// Posts WM_DDE_DATA with `block`, which setData made, or without one to tell of a change. `response` not
     /// 0 says that it answers a request; `lParam` is that of the message, or 0. Takes the block over, also if
-    /// it fails. The result is that of sendItem; always true without a block.
+    /// it fails. The result is that of sendItem; without a block true, unless there is no partner or no name.
     bool sndData(const char* item, void* block, unsigned response, LPARAM lParam);
     /// Makes a link, in the format of the item being handled, in place of one that is there. Null does
     /// nothing.

@@ -134,8 +134,8 @@ void LVXDdeServer::adviseOn(const char* item, bool defer) {
     if (m_advises == nullptr) {
         m_advises = new std::map<std::string, LVXAdvise*>;
     }
-    adviseOff(item);
     auto link = std::make_unique<LVXAdvise>(item, defer, m_itemFormat);
+    adviseOff(item);
     m_advises->emplace(item, link.get());
     link.release();
 }

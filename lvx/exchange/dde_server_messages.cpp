@@ -144,14 +144,14 @@ LRESULT LVXDdeServer::EvWmDdeAdvise(WPARAM, LPARAM lParam) {
     const Restored eventItem(handling, m_eventItem);
     const char* const name = item;
 
+    if (options && (options->flags & lvx::exchange::acknowledge_flag) == 0) {
+        answer.BeNone();
+    }
     unsigned short status = refused;
     if (name != nullptr && options) {
         status = rcvAdvise(name, options->format, options->flags & lvx::exchange::deferred_flag);
     }
     answer.Be(status);
-    if (options && (options->flags & lvx::exchange::acknowledge_flag) == 0) {
-        answer.BeNone();
-    }
     // Within this process the block stays its sender's. A sender elsewhere has no use for it: the link's
     // options are for the server to free, and a copy has nobody else.
     if (isForeign && (status == accepted || lvx::exchange::posting_copies_blocks())) {
@@ -211,12 +211,12 @@ LRESULT LVXDdeServer::EvWmDdeExecute(WPARAM, LPARAM lParam) {
     const Handling handling(*this);
     const auto block = reinterpret_cast<HGLOBAL>(lParam);
     ReceivedBlock received(block);
-    if (HasForeignPartner() && lvx::exchange::posting_copies_blocks()) {
+    const std::optional<BlockCopy> command = lvx::exchange::copy_of(block, 0);
+    if (command && HasForeignPartner() && lvx::exchange::posting_copies_blocks()) {
         received.MakeOurs();
     }
     // What stands in the place of an item has 16 bits.
     Answer answer(*this, handling, WM_DDE_EXECUTE, lParam, LOWORD(lParam), 0);
-    const std::optional<BlockCopy> command = lvx::exchange::copy_of(block, 0);
     const Restored commandText(handling, m_commandText);
     if (command) {
         answer.Be(rcvExecute(command->bytes.get()));

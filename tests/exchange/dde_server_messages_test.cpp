@@ -221,8 +221,10 @@ TEST_F(DdeServerMessages, are_refused_where_the_block_is_too_short_or_none) {
         }
     }
     ASSERT_TRUE(partner.Wait(WM_DDE_ACK, 12));
-    for (const Letter& letter : partner.letters)
+    for (const Letter& letter : partner.letters) {
         EXPECT_EQ(0u, letter.status);
+        EXPECT_EQ("colour", letter.item) << "the atom should come back";
+    }
     EXPECT_THAT(client.events, IsEmpty());
 }
 
