@@ -12,6 +12,9 @@ HMENU bar_of(const owl::TWindow* window) {
     return window != nullptr && window->IsWindow() ? window->GetMenu() : nullptr;
 }
 
+// What the system tells of a drop-down, and what the separator of recent files has for its id.
+constexpr unsigned int no_command = ~0U;
+
 UINT_PTR id_of(HMENU menu) {
     return reinterpret_cast<UINT_PTR>(menu);
 }
@@ -86,16 +89,32 @@ void LVXMenu::addItem(LVXMenuItem* item, int position) {
     LeaveFormerPlace(*item);
     items.Insert(item, position);
     item->parent = this;
-    if (auto* const menu = dynamic_cast<LVXPopupMenu*>(item)) {
+    auto* const menu = dynamic_cast<LVXPopupMenu*>(item);
+    if (menu != nullptr && menu->IsOK()) {
         InsertSubMenu(*menu, position);
     } else if (item->label.empty()) {
+        item->id = 0;
         InsertEntry(position, MF_SEPARATOR, 0, nullptr);
     } else {
-        item->id = AllocateMenuId();
-        AddMenuItem(item);
+        // An item over a command of the host's keeps the id that the host knows it by.
+        if (menu == nullptr) {
+            item->id = AllocateMenuId();
+            AddMenuItem(item);
+        }
         InsertEntry(position, MF_STRING, item->id, item->label.c_str());
     }
+    ShowState(*item);
     Redraw();
+}
+
+// An entry begins without a tick, and enabled.
+void LVXMenu::ShowState(LVXMenuItem& item) {
+    if (item.isChecked) {
+        item.check(true);
+    }
+    if (!item.isEnabled) {
+        item.enable(false);
+    }
 }
 
 // Or if the item is this menu itself.
@@ -181,10 +200,10 @@ bool LVXMenu::RemoveEntry(const LVXMenuItem& item, int place) {
     if (menu != nullptr && menu->IsOK()) {
         return RemoveSubMenu(*menu);
     }
-    if (item.id != 0) {
-        RemoveMenu(item.id, MF_BYCOMMAND);
-    } else {
+    if (item.id == 0) {
         RemoveMenu(static_cast<UINT>(place), MF_BYPOSITION);
+    } else if (item.id != no_command) {
+        RemoveMenu(item.id, MF_BYCOMMAND);
     }
     return true;
 }
@@ -209,7 +228,7 @@ bool LVXMenu::FindEntry(const LVXMenuItem& item, Entry& entry) const {
     const auto* const menu = dynamic_cast<const LVXPopupMenu*>(&item);
     if (menu == nullptr || !menu->IsOK()) {
         entry = {item.id, MF_BYCOMMAND, MF_STRING, item.id};
-        return item.id != 0;
+        return item.id != 0 && item.id != no_command;
     }
     const int position = PositionOf(*menu);
     entry = {static_cast<UINT>(position), MF_BYPOSITION, MF_POPUP, id_of(menu->GetHandle())};

@@ -200,8 +200,8 @@ public:
     static bool AddMenuItem(LVXMenuItem* item);
     /// Whoever has the id of `item` is not known under it any more.
     static void RemoveMenuItem(LVXMenuItem* item);
-    /// For the window that gets commands. False if no item with a callback is known under the id. True, what
-    /// ever the callback says, and also if the item is disabled; it is not called then.
+    /// For the window that gets commands. False if no item with a callback is known under the id. True,
+    /// whatever the callback says, and also if the item is disabled; it is not called then.
     static bool MenuItemSelected(unsigned int id);
     /// For the window that is asked whether a command is enabled. False like MenuItemSelected(), and then
     /// nothing was answered.
@@ -229,6 +229,7 @@ private:
     LVX_HIDDEN bool IsWithin(const LVXMenuItem& item) const;
     LVX_HIDDEN void LeaveFormerPlace(LVXMenuItem& item);
     LVX_HIDDEN void InsertSubMenu(LVXPopupMenu& menu, int position);
+    LVX_HIDDEN static void ShowState(LVXMenuItem& item);
     LVX_HIDDEN void InsertEntry(int position, UINT flags, UINT_PTR entryId, const char* text);
     LVX_HIDDEN bool RemoveEntry(const LVXMenuItem& item, int place);
     LVX_HIDDEN bool RemoveSubMenu(const LVXPopupMenu& menu);

@@ -86,7 +86,11 @@ void LVXMenuItem::setLabel(const std::string& text) {
     if (parent == nullptr || !parent->FindEntry(*this, entry)) {
         return;
     }
-    const UINT state = (isChecked ? MF_CHECKED : MF_UNCHECKED) | (isEnabled ? MF_ENABLED : MF_GRAYED);
+    const UINT now = parent->GetMenuState(entry.item, entry.flags);
+    if (now == no_entry) {
+        return;
+    }
+    const UINT state = now & (MF_CHECKED | MF_GRAYED | MF_DISABLED);
     parent->ModifyMenu(entry.item, entry.flags | entry.kind | state, entry.id, label.c_str());
     parent->Redraw();
 }

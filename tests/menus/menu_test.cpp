@@ -183,10 +183,58 @@ TEST_F(Menu, takes_an_empty_label_for_a_separator_without_an_id) {
     m_menu.addItem(named, 0);
     EXPECT_EQ((Lines{"----", "One", "----"}), Shown(m_menu));
     EXPECT_EQ(0U, separator->getId());
-    EXPECT_EQ(77U, named->getId()) << "its id is not touched, and not used either";
+    EXPECT_EQ(0U, named->getId());
     EXPECT_EQ(0U, ::GetMenuItemID(m_menu, 0));
     EXPECT_FALSE(LVXMenu::MenuItemSelected(77));
     EXPECT_EQ(next, m_menu.mitems()[1]->getId()) << "the first command should have got the next id";
+}
+
+TEST_F(Menu, takes_no_command_of_others_for_a_separator) {
+    auto* const separator = new LVXMenuItem("", new lvx_test::Nothing, 77);
+    m_menu.addItem(separator);
+    ::AppendMenuA(m_menu, MF_STRING, 77, "Foreign");
+    separator->check(true);
+    EXPECT_EQ((Lines{"----", "Foreign"}), Shown(m_menu));
+    EXPECT_TRUE(m_menu.removeItem(separator));
+    delete separator;
+    EXPECT_EQ(Lines{"Foreign"}, Shown(m_menu));
+}
+
+TEST_F(Menu, shows_the_state_of_an_item_that_is_added_again) {
+    Add({"One", "Two"});
+    LVXMenuItem* const one = m_menu.mitems()[0];
+    one->check(true);
+    one->enable(false);
+    EXPECT_TRUE(m_menu.removeItem(one));
+    m_menu.addItem(one);
+    EXPECT_EQ((Lines{"Two", "One * -"}), Shown(m_menu));
+}
+
+TEST_F(MenuOfTheSystem, moves_a_command_of_the_host_with_its_id) {
+    LVXMenu menu(m_bar, owl::NoAutoDelete);
+    menu.addItem(menu.mitems()[2], 1);
+    EXPECT_EQ((Lines{"&File >", "&Run", "&Edit >", "----", "&Stop * -"}), Shown(m_bar));
+    EXPECT_EQ(4U, ::GetMenuItemID(m_bar, 1));
+}
+
+// The first item of a bar has that id as well.
+TEST_F(MenuOfTheSystem, leaves_the_separator_of_recent_files_to_their_list) {
+    ::AppendMenuA(m_file, MF_SEPARATOR, ~0U, nullptr);
+    ::AppendMenuA(m_file, MF_STRING, 9, "a.drw");
+    LVXMenu menu(m_bar, owl::NoAutoDelete);
+    LVXMenuItem* const file = menu.mitems()[0];
+    EXPECT_EQ("&File", file->getLabel());
+    file->setLabel("Other");
+    EXPECT_EQ((Lines{"&New", "&Open", "----", "a.drw"}), Shown(m_file));
+    menu.removeItem(file);
+    delete file;
+    EXPECT_EQ((Lines{"&New", "&Open", "----", "a.drw"}), Shown(m_file));
+}
+
+TEST_F(MenuOfTheSystem, keeps_the_grey_of_an_entry_under_a_new_label) {
+    LVXMenu menu(m_bar, owl::NoAutoDelete);
+    menu.mitems()[4]->setLabel("&Halt");
+    EXPECT_EQ("&Halt * -", Shown(m_bar)[4]);
 }
 
 TEST_F(Menu, has_separators_across_and_upright) {
