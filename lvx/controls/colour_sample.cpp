@@ -32,6 +32,8 @@ void Fill(owl::TDC& dc, const owl::TRect& rect, owl::TColor colour) {
 
 // One pixel wide: one colour at the top and on the left, another at the bottom and on the right.
 void DrawEdges(owl::TDC& dc, const owl::TRect& rect, int light, int dark) {
+    if (rect.IsEmpty())
+        return;
     const owl::TColor lightColour = owl::TColor::FromSystem(light);
     const owl::TColor darkColour = owl::TColor::FromSystem(dark);
     Fill(dc, {rect.left, rect.top, rect.right, rect.top + 1}, lightColour);

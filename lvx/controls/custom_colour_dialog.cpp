@@ -227,6 +227,9 @@ void LVXCustomColourDlg::EvSChanged() {
 }
 
 LRESULT LVXCustomColourDlg::EvHelp(HELPINFO* help) {
+    // A menu asks too, by a handle that is no window's.
+    if (help->iContextType != HELPINFO_WINDOW)
+        return 0;
     unsigned long pairs[2 * (IDC_COLOUR_NAME_EDIT - IDC_COLOUR_RGB_GROUP + 1) + 2] = {};
     unsigned long* next = pairs;
     for (unsigned long id = IDC_COLOUR_RGB_GROUP; id <= IDC_COLOUR_NAME_EDIT; ++id) {
@@ -258,6 +261,9 @@ LRESULT LVXCustomColourDlg::EvMouseWheel(WPARAM wParam, LPARAM) {
     owl::TScrollBar* const bar = BarWithFocus();
     if (bar == nullptr)
         return DefaultProcessing();
+    if (bar != m_wheelBar)
+        m_wheelRest = 0;
+    m_wheelBar = bar;
     m_wheelRest += GET_WHEEL_DELTA_WPARAM(wParam);
     for (; m_wheelRest >= WHEEL_DELTA; m_wheelRest -= WHEEL_DELTA)
         PressArrow(*bar, true);

@@ -141,8 +141,9 @@ private:
 
     /// As long as the dialog, so that its texts may stay open.
     std::unique_ptr<LVXHelpFile> m_help;
-    /// What is left of the wheel below a whole notch.
+    /// What is left of the wheel below a whole notch, and what it was turned for.
     int m_wheelRest = 0;
+    const owl::TScrollBar* m_wheelBar = nullptr;
 
     DECLARE_RESPONSE_TABLE(LVXCustomColourDlg);
 };

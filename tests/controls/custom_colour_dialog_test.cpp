@@ -502,11 +502,25 @@ TEST_F(CustomColourDialog, answers_the_question_for_help_with_0) {
     dialog.reset();
 }
 
+TEST_F(CustomColourDialog, shows_no_text_for_a_menu) {
+    lvx_test::ControlOrder::Forget();
+    const lvx_test::HelpControl control("help_control");
+    Show();
+    HELPINFO question{};
+    question.cbSize = sizeof question;
+    question.iContextType = HELPINFO_MENUITEM;
+    question.hItemHandle = ::GetSystemMenu(*dialog, FALSE);
+    EXPECT_EQ(0, dialog->HandleMessage(WM_HELP, 0, reinterpret_cast<LPARAM>(&question)));
+    EXPECT_EQ(0, control.Call().count);
+    dialog.reset();
+}
+
 TEST_F(CustomColourDialog, tells_that_the_system_has_no_help) {
     const lvx_test::ControlOrder order("");
     Show();
     HELPINFO question{};
     question.cbSize = sizeof question;
+    question.iContextType = HELPINFO_WINDOW;
     question.hItemHandle = dialog->GetHandle();
     EXPECT_THROW(dialog->HandleMessage(WM_HELP, 0, reinterpret_cast<LPARAM>(&question)), lvx::runtime_error);
 }
