@@ -214,8 +214,14 @@ int TPropertyDialog::DoExecute() {
 void TPropertyDialog::CmOk() {
     if (Tab::Has(TabStyle, Tab::NoMDIClose))
         return;
-    if (TabControl != nullptr && !(TabControl->CheckCanClose() && TabControl->SavePageData()))
-        return;
+    if (TPropertyTab* const strip = TabControl) {
+        const bool wasOpen = IsWindow();
+        if (!strip->CheckCanClose() || !strip->SavePageData())
+            return;
+        // A page that was asked may have closed the dialog, with a result of its own.
+        if (!lvx::propdlg::is_alive(strip) || IsWindow() != wasOpen)
+            return;
+    }
     CloseAction(IDOK);
 }
 

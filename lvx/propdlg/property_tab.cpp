@@ -22,7 +22,6 @@ bool is_modern_shell() {
 
 TPropertyTab::TPropertyTab(owl::TWindow* parent, Tab::Style style, owl::TResId bitmap, bool bitmapsOnRight)
     : TControl(parent, strip_id, "", 0, 0, 0, 0), TabState(style) {
-    lvx::propdlg::shared_state().LiveTabs.push_back(this);
     lvx::propdlg::shared_state().ModernShell = is_modern_shell();
     Attr.Style = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN;
     if (!Tab::Has(Style, Tab::WizardFrame))
@@ -32,6 +31,8 @@ TPropertyTab::TPropertyTab(owl::TWindow* parent, Tab::Style style, owl::TResId b
         LoadTabBitmaps(bitmap);
     MakeFonts();
     TabColorChange();
+    // Behind all that can throw: who is on the list is thought to be there.
+    lvx::propdlg::shared_state().LiveTabs.push_back(this);
 }
 
 // What cannot be loaded is left out: the tabs are there without it.
@@ -98,6 +99,8 @@ bool TPropertyTab::IsTabVisible(int tab) {
 }
 
 void TPropertyTab::EnableTab(int tab, bool enable) {
+    if (IsTabEnabled(tab) == enable)
+        return;
     Arithmetic(*this)->EnableTab(tab, enable);
     TellScreenReaders(EVENT_OBJECT_STATECHANGE, tab);
 }

@@ -151,8 +151,8 @@ private:
     static bool IsOpen(const TPropertyTab* strip);
     bool SelectAgain();
     bool MayChange(int tab);
-    void ChangeTo(int tab);
-    void LeavePage(LVXPropertyPage& page);
+    bool ChangeTo(int tab);
+    bool LeavePage(LVXPropertyPage& page);
     void TellOfSelection(int tab);
     void AdoptPages();
     void AdoptPage(LVXPropertyPage& page);

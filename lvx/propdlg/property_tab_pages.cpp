@@ -6,6 +6,7 @@
 #include "lvx/propdlg/property_dialog.h"
 #include "lvx/propdlg/property_page.h"
 #include "lvx/propdlg/property_tab.h"
+#include "lvx/propdlg/shared_state.h"
 #include "lvx/propdlg/strip_surface.h"
 
 void TPropertyTab::Add(const char* text, LVXPropertyPage* page, bool enabled) {
@@ -85,7 +86,7 @@ void TPropertyTab::ReleasePages() {
             continue;
         ForgetPage(*page);
         page->LeaveDialog(Dialog());
-        if (page->IsWindow())
+        if (page->IsWindow() && page->Parent == this)
             delete page;
         else if (page->Parent == this || page->Parent == Parent)
             page->SetParent(nullptr);
@@ -105,6 +106,8 @@ bool TPropertyTab::SavePageData() {
         LVXPropertyPage* const page = GetPage(tab);
         if (page != nullptr && page->IsWindow() && !page->SaveData())
             return false;
+        if (!lvx::propdlg::is_alive(this))
+            return false;
     }
     return true;
 }
@@ -112,9 +115,14 @@ bool TPropertyTab::SavePageData() {
 bool TPropertyTab::CheckCanClose() {
     for (int tab = 0; tab < GetEntryCount(); ++tab) {
         LVXPropertyPage* const page = GetPage(tab);
-        if (page == nullptr || page->CanPageClose())
+        const bool agrees = page == nullptr || page->CanPageClose();
+        // What hosts do there may have ended the dialog, or the page alone.
+        if (!lvx::propdlg::is_alive(this))
+            return false;
+        if (agrees)
             continue;
-        page->AfterCantClose();
+        if (GetPage(tab) == page)
+            page->AfterCantClose();
         return false;
     }
     return true;

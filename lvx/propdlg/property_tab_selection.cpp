@@ -20,19 +20,22 @@ namespace {
 // A strip whose pages change paints afterwards what it was to paint before, and nothing in between.
 class PaintingPause {
 public:
-    explicit PaintingPause(owl::TWindow& window) : m_window(window) {
-        m_window.GetUpdateRgn(m_pending, false);
-        m_window.SetRedraw(false);
+    explicit PaintingPause(TPropertyTab& strip) : m_strip(strip) {
+        m_strip.GetUpdateRgn(m_pending, false);
+        m_strip.SetRedraw(false);
     }
     ~PaintingPause() {
-        m_window.SetRedraw(true);
-        m_window.InvalidateRgn(m_pending, false);
+        // A page that is saved may have ended the dialog.
+        if (!lvx::propdlg::is_alive(&m_strip))
+            return;
+        m_strip.SetRedraw(true);
+        m_strip.InvalidateRgn(m_pending, false);
     }
     PaintingPause(const PaintingPause&) = delete;
     PaintingPause& operator=(const PaintingPause&) = delete;
 
 private:
-    owl::TWindow& m_window;
+    TPropertyTab& m_strip;
     owl::TRegion m_pending;
 };
 
@@ -62,7 +65,8 @@ bool TPropertyTab::SelectTab(int tab) {
     if (!MayChange(tab) || IsOpen(this) != wasOpen)
         return false;
     shared_state().FirstChangeDone = true;
-    ChangeTo(tab);
+    if (!ChangeTo(tab) || IsOpen(this) != wasOpen)
+        return true;
     SetPageFocus(true);
     if (IsOpen(this) != wasOpen)
         return true;
@@ -91,31 +95,39 @@ bool TPropertyTab::MayChange(int tab) {
     return page == nullptr || page->BeforeLeaving();
 }
 
-void TPropertyTab::ChangeTo(int tab) {
+// False if a page that was left has ended the strip.
+bool TPropertyTab::ChangeTo(int tab) {
     SelectedTab = std::max(SelectedTab, 0);
     const bool scrolled = AdjustOrigin(tab);
     const int former = SelectedTab;
     LVXPropertyPage* const page = GetPage(former);
-    if (page != nullptr && page != GetPage(tab))
-        LeavePage(*page);
+    if (page != nullptr && page != GetPage(tab) && !LeavePage(*page))
+        return false;
     Arithmetic(*this)->BringRowForward(tab);
     SelectedTab = tab;
     Arithmetic(*this)->ShowSelection(former, scrolled);
     TellScreenReaders(EVENT_OBJECT_SELECTION, tab);
+    return true;
 }
 
-void TPropertyTab::LeavePage(LVXPropertyPage& page) {
+bool TPropertyTab::LeavePage(LVXPropertyPage& page) {
     const PaintingPause pause(*this);
     if (!page.IsWindow())
-        return;
+        return true;
+    const int tab = SelectedTab;
     const lvx::propdlg::Leaving leaving = lvx::propdlg::leaving_under(Style);
     // Whether that works is nobody's question here: leaving was agreed to before.
     if (leaving.saves)
         page.SaveData();
+    if (!lvx::propdlg::is_alive(this))
+        return false;
+    if (GetPage(tab) != &page || !page.IsWindow())
+        return true;
     if (leaving.destroys)
         page.Destroy(IDCANCEL);
     else
         page.ShowWindow(SW_HIDE);
+    return true;
 }
 
 void TPropertyTab::TellOfSelection(int tab) {

@@ -10,6 +10,7 @@
 #include "lvx/propdlg/property_tab.h"
 #include "owl/bitmap.h"
 #include "owl/cel_array.h"
+#include "owl/error.h"
 #include "owl/font.h"
 #include "owl/window_dc.h"
 
@@ -49,7 +50,11 @@ public:
         const int dimmed = isLeft ? 32734 : 32735;
         owl::TBitmap*& bitmap = isLeft ? m_strip.ScrollLeftBitmap : m_strip.ScrollRightBitmap;
         delete std::exchange(bitmap, nullptr);
-        bitmap = new owl::TBitmap(nullptr, owl::TResId(canScroll ? lit : dimmed));
+        // Where the system has none, an arrow is left out.
+        try {
+            bitmap = new owl::TBitmap(nullptr, owl::TResId(canScroll ? lit : dimmed));
+        } catch (const owl::TXGdi&) {
+        }
     }
     void DropArrows() override {
         delete std::exchange(m_strip.ScrollLeftBitmap, nullptr);

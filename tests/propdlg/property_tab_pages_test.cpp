@@ -195,6 +195,45 @@ TEST_F(PropertyTabPages, a_page_may_close_the_dialog_when_it_is_left) {
     EXPECT_EQ(Calls{"leave dialog 1"}, Asked());
 }
 
+// Closes its dialog while it is asked whether all may be closed.
+class ClosingAtTheEnd : public Page {
+public:
+    using Page::Page;
+    bool CanPageClose() override {
+        GetPropertyDialog()->Destroy(77);
+        return true;
+    }
+};
+
+TEST_F(PropertyTabPages, a_page_may_close_the_dialog_when_all_is_to_be_closed) {
+    ClosingAtTheEnd page(calls, "x");
+    Dialog dialog(calls, desk.frame);
+    dialog.Add("&X", &page, true);
+    Show(dialog);
+    dialog.HandleMessage(WM_COMMAND, IDOK);
+    EXPECT_EQ(77, dialog.result);
+}
+
+// Closes its dialog while it is left and saved.
+class ClosingWhenSaved : public Page {
+public:
+    using Page::Page;
+    bool SaveData() override {
+        GetPropertyDialog()->Destroy(77);
+        return true;
+    }
+};
+
+TEST_F(PropertyTabPages, a_page_may_close_the_dialog_when_it_is_saved_on_leaving) {
+    ClosingWhenSaved page(calls, "x");
+    Dialog dialog(calls, desk.frame, Tab::SaveOnClosePage);
+    dialog.Add("&X", &page, true);
+    dialog.Add("&A", &a, true);
+    Show(dialog);
+    dialog.SelectTab(1);
+    EXPECT_EQ(77, dialog.result);
+}
+
 // Cannot be set up.
 class Broken : public Page {
 public:
