@@ -25,6 +25,9 @@ constexpr unsigned int not_registered = 1;
 /// Whether a block of plain bytes lies behind `format`. Behind the others are handles, which the system would
 /// follow into any text that is put there.
 bool holds_bytes(unsigned format) {
+    if (format >= CF_GDIOBJFIRST && format <= CF_GDIOBJLAST) {
+        return false;
+    }
     switch (format) {
         case CF_BITMAP:
         case CF_DSPBITMAP:

@@ -56,7 +56,7 @@ public:
     /// Puts `text`, up to its first NUL, and a NUL. The block has a byte more than `text`; what lies behind
     /// an early NUL is zeros. False if the clipboard is busy or refuses it, there is no memory, or `format`
     /// is one of those that are no bytes: CF_BITMAP, CF_PALETTE, CF_OWNERDISPLAY, the metafiles and their
-    /// CF_DSP kin.
+    /// CF_DSP kin, CF_GDIOBJFIRST to CF_GDIOBJLAST.
     bool put(const std::string& text, unsigned format);
     /// The same. Null is put nowhere: false.
     bool put(const char* text, unsigned format);

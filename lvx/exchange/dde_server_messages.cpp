@@ -22,6 +22,12 @@ unsigned short status_of(bool acceptedByClient) {
     return acceptedByClient ? accepted : refused;
 }
 
+// Null also for an atom that the system does not know.
+const char* name_of(LVXAtom& atom) {
+    const char* const name = atom;
+    return name != nullptr && *name != '\0' ? name : nullptr;
+}
+
 // A pointer of a conversation that is set while an event is handled, to what ends with the event.
 template <class Handling, class T>
 class Restored {
@@ -118,7 +124,7 @@ LRESULT LVXDdeServer::EvWmDdeRequest(WPARAM, LPARAM lParam) {
     Answer answer(*this, handling, WM_DDE_REQUEST, lParam, atom, atom);
     LVXAtom item(atom);
     const Restored eventItem(handling, m_eventItem);
-    const char* const name = item;
+    const char* const name = name_of(item);
     if (name != nullptr && rcvRequest(name, LOWORD(lParam), lParam) == accepted) {
         answer.BeNone();
     }
@@ -142,7 +148,7 @@ LRESULT LVXDdeServer::EvWmDdeAdvise(WPARAM, LPARAM lParam) {
     Answer answer(*this, handling, WM_DDE_ADVISE, lParam, atom, atom);
     LVXAtom item(atom);
     const Restored eventItem(handling, m_eventItem);
-    const char* const name = item;
+    const char* const name = name_of(item);
 
     if (options && (options->flags & lvx::exchange::acknowledge_flag) == 0) {
         answer.BeNone();
@@ -177,8 +183,12 @@ LRESULT LVXDdeServer::EvWmDdeUnadvise(WPARAM, LPARAM lParam) {
     Answer answer(*this, handling, WM_DDE_UNADVISE, lParam, atom, atom);
     LVXAtom item(atom);
     const Restored eventItem(handling, m_eventItem);
-    const char* const name = item;
-    answer.Be(name != nullptr ? rcvUnadvise(name) : UnadviseAll(handling));
+    const char* const name = name_of(item);
+    if (atom == 0) {
+        answer.Be(UnadviseAll(handling));
+    } else if (name != nullptr) {
+        answer.Be(rcvUnadvise(name));
+    }
     return 0;
 }
 
@@ -243,7 +253,7 @@ LRESULT LVXDdeServer::EvWmDdePoke(WPARAM, LPARAM lParam) {
     const std::optional<BlockCopy> data = lvx::exchange::copy_of(block, sizeof(BlockHeader));
     const Restored eventItem(handling, m_eventItem);
     const Restored eventData(handling, m_eventData);
-    const char* const name = item;
+    const char* const name = name_of(item);
     if (name != nullptr && header && data) {
         answer.Be(rcvPoke(name, header->format, data->bytes.get(), size_of(*data)));
     }

@@ -1,6 +1,8 @@
 // Finds out what becomes of a block in a posted message: by posting one.
 #include <dde.h>
 
+#include <optional>
+
 #include "lvx/exchange/dde_blocks.h"
 
 namespace lvx::exchange {
@@ -24,7 +26,7 @@ public:
     /// What came; 0 if nothing did.
     LPARAM Take() const {
         MSG message{};
-        if (!::PeekMessageA(&message, m_window, WM_DDE_POKE, WM_DDE_POKE, PM_REMOVE)) {
+        if (!::PeekMessageA(&message, m_window, WM_DDE_POKE, WM_DDE_POKE, PM_REMOVE | PM_QS_POSTMESSAGE)) {
             return 0;
         }
         if (message.message == WM_QUIT) {
@@ -79,8 +81,12 @@ bool find_out() {
 }  // namespace
 
 bool posting_copies_blocks() {
-    static const bool copies = find_out();
-    return copies;
+    // Not made by an initialiser: whoever is called meanwhile may come here too.
+    static std::optional<bool> copies;
+    if (!copies) {
+        copies = find_out();
+    }
+    return *copies;
 }
 
 }  // namespace lvx::exchange

@@ -222,8 +222,9 @@ TEST_F(Clipboard, text_lies_there_in_the_formats_that_the_system_makes_of_it) {
 }
 
 TEST_F(Clipboard, text_is_put_in_no_format_behind_which_are_handles) {
-    for (const unsigned format : {CF_BITMAP, CF_DSPBITMAP, CF_METAFILEPICT, CF_DSPMETAFILEPICT,
-                                  CF_ENHMETAFILE, CF_DSPENHMETAFILE, CF_PALETTE, CF_OWNERDISPLAY}) {
+    for (const unsigned format :
+         {CF_BITMAP, CF_DSPBITMAP, CF_METAFILEPICT, CF_DSPMETAFILEPICT, CF_ENHMETAFILE, CF_DSPENHMETAFILE,
+          CF_PALETTE, CF_OWNERDISPLAY, CF_GDIOBJFIRST, CF_GDIOBJLAST}) {
         EXPECT_FALSE(clipboard.put("a text of twenty-odd bytes", format)) << format;
         EXPECT_FALSE(Has(format)) << format;
     }

@@ -228,6 +228,17 @@ TEST_F(DdeServerMessages, are_refused_where_the_block_is_too_short_or_none) {
     EXPECT_THAT(client.events, IsEmpty());
 }
 
+TEST_F(DdeServerMessages, of_an_item_that_the_system_does_not_know_reach_no_client) {
+    const ATOM atom = ::GlobalAddAtomA("soon gone from the table");
+    ::GlobalDeleteAtom(atom);
+    for (const UINT message : {WM_DDE_REQUEST, WM_DDE_UNADVISE})
+        ::SendMessageA(*child, message, Sender(), MAKELPARAM(CF_TEXT, atom));
+    ASSERT_TRUE(partner.Wait(WM_DDE_ACK, 2));
+    for (const Letter& letter : partner.letters)
+        EXPECT_EQ(0u, letter.status);
+    EXPECT_THAT(client.events, IsEmpty());
+}
+
 TEST_F(DdeServerMessages, without_a_packing_or_an_item_reach_no_client) {
     for (const UINT message : {WM_DDE_POKE, WM_DDE_ADVISE, WM_DDE_EXECUTE}) {
         for (const LPARAM lParam : {LPARAM{0}, LPARAM{1}, LPARAM{0x12345678}, LPARAM{0x12345670}})
